@@ -1,0 +1,52 @@
+#include "support/testcatalogue.h"
+
+#include "catalogue/cataloguefile.h"
+
+#include <QSqlQuery>
+#include <QUuid>
+#include <QVariant>
+
+using namespace Qt::StringLiterals;
+
+TestCatalogue::TestCatalogue(Content content)
+    : m_connectionName(u"test-catalogue-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces))
+{
+    Q_UNUSED(content); // the sample collection lands with the catalogue tool's sample command
+    CatalogueFile::create(path(), false /* overwrite */);
+    QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
+    db.setDatabaseName(path());
+    db.open();
+    QSqlQuery(db).exec(u"PRAGMA foreign_keys = ON"_s);
+}
+
+TestCatalogue::~TestCatalogue()
+{
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+QString TestCatalogue::path() const
+{
+    return m_dir.filePath(u"QuireshelfCatalog01.mdb"_s);
+}
+
+QString TestCatalogue::folder() const
+{
+    return m_dir.path();
+}
+
+QSqlDatabase TestCatalogue::db() const
+{
+    return QSqlDatabase::database(m_connectionName, false);
+}
+
+QVariant TestCatalogue::scalar(const QString &sql) const
+{
+    QSqlQuery query(db());
+    if (!query.exec(sql) || !query.next())
+        return {};
+    return query.value(0);
+}

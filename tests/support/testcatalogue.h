@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QTemporaryDir>
+
+// A catalogue in a temporary folder, removed with the object. Tests start from one of
+// these, never from a file they share.
+class TestCatalogue
+{
+public:
+    enum class Content { Empty, Sample };
+
+    explicit TestCatalogue(Content content = Content::Empty);
+    ~TestCatalogue();
+    TestCatalogue(const TestCatalogue &) = delete;
+    TestCatalogue &operator=(const TestCatalogue &) = delete;
+
+    // Full path of the catalogue file, named as the program expects.
+    QString path() const;
+    QString folder() const;
+
+    // A direct SQLite connection to the file, for looking at what the program wrote.
+    QSqlDatabase db() const;
+
+    // The first column of the first row a query gives (an invalid QVariant when none).
+    QVariant scalar(const QString &sql) const;
+
+private:
+    QTemporaryDir m_dir;
+    QString m_connectionName;
+};
