@@ -2,7 +2,7 @@
 if(EXISTS "${CATALOGUE}")
     return()
 endif()
-execute_process(COMMAND "${TOOL}" create "${CATALOGUE}" RESULT_VARIABLE result)
+execute_process(COMMAND "${TOOL}" sample "${CATALOGUE}" RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "Could not make the demo catalogue ${CATALOGUE}")
 endif()

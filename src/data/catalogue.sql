@@ -243,6 +243,6 @@ VALUES ('General', '')
 ;;
 INSERT INTO tblBook (BookDescription, BookPagesText, BookPagesInto, BookCondition, BookCover,
                      BookPublisherId, BookPrice, BookSellPrice, BookWhenPublished)
-VALUES ('My first book', 1, '', 'Good', 'Hardback', 1, 0, 0, 0)
+VALUES ('My first book', 1, '', 'Good', 'Hard Back no DW', 1, 0, 0, 0)
 ;;
 INSERT INTO tblCatalogueControl (CatalogueName) VALUES ('My Book Catalogue')

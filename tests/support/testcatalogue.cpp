@@ -1,6 +1,7 @@
 #include "support/testcatalogue.h"
 
 #include "catalogue/cataloguefile.h"
+#include "catalogue/samplecollection.h"
 
 #include <QSqlQuery>
 #include <QUuid>
@@ -11,8 +12,9 @@ using namespace Qt::StringLiterals;
 TestCatalogue::TestCatalogue(Content content)
     : m_connectionName(u"test-catalogue-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
-    Q_UNUSED(content); // the sample collection lands with the catalogue tool's sample command
-    CatalogueFile::create(path(), false /* overwrite */);
+    CatalogueFile::create(path(), false /* overwrite */,
+                          content == Content::Sample ? CatalogueFile::Filler(SampleCollection::fill)
+                                                     : CatalogueFile::Filler());
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
     db.setDatabaseName(path());
     db.open();

@@ -9,6 +9,8 @@
 class TestCatalogue
 {
 public:
+    // Empty: only the rows every catalogue needs. Sample: the demo collection of about sixty
+    // books that `shelvane-catalog sample` makes.
     enum class Content { Empty, Sample };
 
     explicit TestCatalogue(Content content = Content::Empty);

@@ -1,4 +1,5 @@
 // The catalogue file as made by the catalogue tool: tables, keys, relationships, views.
+#include "formlists.h"
 #include "support/testcatalogue.h"
 
 #include <QSqlError>
@@ -101,6 +102,13 @@ private Q_SLOTS:
         QCOMPARE(catalogue.scalar(
                      u"SELECT count(*) FROM tblCatalogueControl WHERE Firstname IS NULL OR Surname IS NULL "
                      "OR Addr1 IS NULL OR Addr5 IS NULL OR PostCode IS NULL OR TelNo2 IS NULL OR Email IS NULL"_s).toInt(), 0);
+    }
+
+    void seedBookHasAConditionAndCoverTheBookFormOffers()
+    {
+        TestCatalogue catalogue;
+        QCOMPARE(catalogue.scalar(u"SELECT count(*) FROM tblBook WHERE BookCondition IN "_s + FormLists::conditions
+                                  + u" AND BookCover IN "_s + FormLists::covers).toInt(), 1);
     }
 
     void secondIdenticalLinkIsADuplicateKey()

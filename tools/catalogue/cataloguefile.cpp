@@ -1,5 +1,7 @@
 #include "catalogue/cataloguefile.h"
 
+#include "catalogue/scopeddatabase.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,38 +9,35 @@
 #include <QSqlQuery>
 #include <QUuid>
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 
 namespace CatalogueFile {
 namespace {
 
-// Opens a private connection for the lifetime of the object and removes it afterwards.
-class ScopedDatabase
+// The new catalogue under its temporary name: removed, with any journal SQLite left beside
+// it, unless it was kept by being renamed into place.
+class TemporaryCatalogue
 {
 public:
-    explicit ScopedDatabase(const QString &path)
-        : m_name(u"catalogue-tool-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces))
+    explicit TemporaryCatalogue(const QString &path) : m_path(path) {}
+    ~TemporaryCatalogue()
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name);
-        db.setDatabaseName(path);
-        if (!db.open())
-            throw CatalogueFileError(u"cannot open %1: %2"_s.arg(path, db.lastError().text()));
-    }
-    ~ScopedDatabase()
-    {
-        {
-            QSqlDatabase db = QSqlDatabase::database(m_name, false);
-            db.close();
+        if (!m_kept) {
+            QFile::remove(m_path);
+            QFile::remove(m_path + u"-journal"_s);
         }
-        QSqlDatabase::removeDatabase(m_name);
     }
-    ScopedDatabase(const ScopedDatabase &) = delete;
-    ScopedDatabase &operator=(const ScopedDatabase &) = delete;
+    TemporaryCatalogue(const TemporaryCatalogue &) = delete;
+    TemporaryCatalogue &operator=(const TemporaryCatalogue &) = delete;
 
-    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
+    const QString &path() const { return m_path; }
+    void keep() { m_kept = true; }
 
 private:
-    QString m_name;
+    QString m_path;
+    bool m_kept = false;
 };
 
 void build(const QString &path, const Filler &fill)
@@ -48,14 +47,13 @@ void build(const QString &path, const Filler &fill)
     exec(db, u"PRAGMA foreign_keys = ON"_s);
     exec(db, u"PRAGMA journal_mode = DELETE"_s);
     if (!db.transaction())
-        throw CatalogueFileError(db.lastError().text());
+        throw CatalogueFileError(db.lastError().databaseText());
     try {
-        for (const QString &statement : schemaStatements())
-            exec(db, statement);
+        applySchema(db);
         if (fill)
             fill(db);
         if (!db.commit())
-            throw CatalogueFileError(db.lastError().text());
+            throw CatalogueFileError(db.lastError().databaseText());
     } catch (...) {
         db.rollback();
         throw;
@@ -85,6 +83,12 @@ QStringList schemaStatements()
     return statements;
 }
 
+void applySchema(QSqlDatabase &db)
+{
+    for (const QString &statement : schemaStatements())
+        exec(db, statement);
+}
+
 void exec(QSqlDatabase &db, const QString &statement)
 {
     QSqlQuery query(db);
@@ -103,22 +107,20 @@ void create(const QString &path, bool overwrite, const Filler &fill)
     if (!folder.exists())
         throw CatalogueFileError(u"the folder %1 does not exist"_s.arg(QDir::toNativeSeparators(folder.path())));
 
-    const QString temporary = folder.filePath(
-        u".%1.%2.tmp"_s.arg(target.fileName(), QUuid::createUuid().toString(QUuid::Id128)));
+    TemporaryCatalogue temporary(folder.filePath(
+        u".%1.%2.tmp"_s.arg(target.fileName(), QUuid::createUuid().toString(QUuid::Id128))));
     try {
-        build(temporary, fill);
-    } catch (...) {
-        QFile::remove(temporary);
-        throw;
+        build(temporary.path(), fill);
+    } catch (const CatalogueFileError &e) {
+        throw CatalogueFileError(u"cannot make %1: %2"_s.arg(path, e.message()));
     }
-    if (target.exists() && !QFile::remove(path)) {
-        QFile::remove(temporary);
-        throw CatalogueFileError(u"cannot replace %1"_s.arg(path));
-    }
-    if (!QFile::rename(temporary, path)) {
-        QFile::remove(temporary);
-        throw CatalogueFileError(u"cannot write %1"_s.arg(path));
-    }
+    // Renaming over the old file replaces it in one step: there is always a whole catalogue
+    // under the requested name, the old one or the new one.
+    std::error_code error;
+    std::filesystem::rename(temporary.path().toStdU16String(), path.toStdU16String(), error);
+    if (error)
+        throw CatalogueFileError(u"cannot write %1: %2"_s.arg(path, QString::fromLocal8Bit(error.message())));
+    temporary.keep();
 }
 
 } // namespace CatalogueFile

@@ -33,6 +33,9 @@ void create(const QString &path, bool overwrite, const Filler &fill = {});
 // Runs one statement, throwing CatalogueFileError with SQLite's message on failure.
 void exec(QSqlDatabase &db, const QString &statement);
 
+// Runs the schema's statements on `db`: tables, views and required rows.
+void applySchema(QSqlDatabase &db);
+
 // The statements of the catalogue's schema file, in order.
 QStringList schemaStatements();
 
