@@ -1,0 +1,168 @@
+#include "data/connection.h"
+
+#include "data/catalogueformat.h"
+#include "data/connectionstring.h"
+#include "data/jetsql.h"
+#include "data/recordset.h"
+
+#include <QAtomicInteger>
+#include <QSqlError>
+#include <QSqlQuery>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString uniqueConnectionName()
+{
+    static QAtomicInteger<quint64> serial;
+    return u"shelvane-connection-"_s + QString::number(serial.fetchAndAddRelaxed(1));
+}
+
+// Whether a statement is a query (its rows make a record set) rather than an action.
+bool yieldsRows(const QString &statement)
+{
+    qsizetype i = 0;
+    while (i < statement.size() && (statement.at(i).isSpace() || statement.at(i) == u'('))
+        ++i;
+    return statement.mid(i, 6).compare(u"select"_s, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection()
+{
+    close();
+}
+
+void Connection::open(const QString &connectionString, const QString &user,
+                      const QString &password)
+{
+    Q_UNUSED(user)
+    Q_UNUSED(password)
+    close();
+    m_errors.clear();
+    const QString path = ConnectionString::dataSource(connectionString);
+    if (path.isEmpty())
+        fail(ProviderError::general(ProviderErrorNumber::CannotOpen,
+                                    u"The connection string names no catalogue file."_s));
+    switch (CatalogueFormat::ofFile(path)) {
+    case CatalogueFormat::Kind::Missing:
+        fail(ProviderError::general(ProviderErrorNumber::CannotOpen,
+                                    u"Could not find file '"_s + path + u"'."_s));
+    case CatalogueFormat::Kind::Jet:
+        fail(ProviderError::general(
+            ProviderErrorNumber::NotACatalogue,
+            u"'"_s + path
+                + u"' is a catalogue in the older Jet format. Convert it first with: "
+                  "shelvane-catalog import \""_s
+                + path + u"\" <new catalogue file>"_s));
+    case CatalogueFormat::Kind::Other:
+        fail(ProviderError::general(ProviderErrorNumber::NotACatalogue,
+                                    u"Unrecognized database format '"_s + path
+                                        + u"': the file is not a Shelvane catalogue."_s));
+    case CatalogueFormat::Kind::Sqlite:
+        break;
+    }
+
+    const QString name = uniqueConnectionName();
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+        db.setDatabaseName(path);
+        db.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=2000"_s);
+        if (!db.open()) {
+            const ProviderError error = ProviderError::fromSqlError(db.lastError());
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(name);
+            fail(error);
+        }
+        QSqlQuery pragma(db);
+        pragma.exec(u"PRAGMA foreign_keys = ON"_s);
+        QSqlQuery probe(db);
+        const bool read =
+            probe.exec(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'tblBook'"_s);
+        if (!read || !probe.next()) {
+            const ProviderError error = read
+                ? ProviderError::general(ProviderErrorNumber::NotACatalogue,
+                                         u"Unrecognized database format '"_s + path
+                                             + u"': the file is not a Shelvane catalogue."_s)
+                : ProviderError::fromSqlError(probe.lastError());
+            probe = QSqlQuery();
+            pragma = QSqlQuery();
+            db.close();
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(name);
+            fail(error);
+        }
+    }
+    m_name = name;
+    m_connectionString = connectionString;
+    m_filePath = path;
+}
+
+void Connection::close()
+{
+    if (m_name.isEmpty())
+        return;
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_name, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(m_name);
+    m_name.clear();
+    m_connectionString.clear();
+    m_filePath.clear();
+}
+
+bool Connection::isOpen() const
+{
+    return !m_name.isEmpty();
+}
+
+QString Connection::connectionString() const
+{
+    return m_connectionString;
+}
+
+QString Connection::filePath() const
+{
+    return m_filePath;
+}
+
+std::unique_ptr<Recordset> Connection::execute(const QString &commandText, CommandType type,
+                                               int *recordsAffected)
+{
+    m_errors.clear();
+    if (recordsAffected)
+        *recordsAffected = 0;
+    if (!isOpen())
+        fail(ProviderError::general(ProviderErrorNumber::InvalidOperation,
+                                    u"Operation is not allowed when the object is closed."_s));
+    if (type != CommandType::Text || yieldsRows(commandText))
+        return Recordset::open(*this, commandText, type);
+
+    QSqlQuery query(database());
+    if (!query.exec(JetSql::toSqlite(commandText)))
+        fail(ProviderError::fromSqlError(query.lastError()));
+    if (recordsAffected)
+        *recordsAffected = query.numRowsAffected();
+    return nullptr;
+}
+
+const QList<ProviderError> &Connection::errors() const
+{
+    return m_errors;
+}
+
+QSqlDatabase Connection::database() const
+{
+    return QSqlDatabase::database(m_name, false);
+}
+
+void Connection::fail(const ProviderError &error)
+{
+    m_errors = {error};
+    throw error;
+}

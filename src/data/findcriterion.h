@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+// The criterion of a record set's Find: "Column = value", where value is a number, a
+// 'quoted text' or a #date#, and the operator one of = <> < > <= >= LIKE.
+struct FindCriterion
+{
+    enum class Op { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual, Like };
+
+    QString field;
+    Op op = Op::Equal;
+    QVariant value;
+
+    // Throws ProviderError when the text is not such a criterion.
+    static FindCriterion parse(const QString &text);
+    bool matches(const QVariant &fieldValue) const;
+};

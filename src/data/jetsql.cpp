@@ -1,0 +1,404 @@
+#include "data/jetsql.h"
+
+#include <QList>
+#include <QStringView>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Kind {
+    Space,
+    Word,       // an unquoted name or keyword
+    QuotedName, // [name] or `name`
+    String,     // 'text'
+    DqString,   // "text", a string literal in Jet
+    Number,
+    Date,       // #1/2/2003#
+    Unclosed,   // a quote or bracket never closed: the rest of the text, kept as written
+    Punct,      // any other single character
+};
+
+struct Token
+{
+    Kind kind;
+    qsizetype begin;
+    qsizetype end;
+};
+
+bool isWordChar(QChar c)
+{
+    return c.isLetterOrNumber() || c == u'_';
+}
+
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+// End of a literal opened at `begin` by `quote`, where a doubled quote stands for one;
+// -1 when it is never closed.
+qsizetype quotedEnd(QStringView text, qsizetype begin, QChar quote)
+{
+    for (qsizetype i = begin + 1; i < text.size(); ++i) {
+        if (text[i] != quote)
+            continue;
+        if (i + 1 < text.size() && text[i + 1] == quote)
+            ++i;
+        else
+            return i + 1;
+    }
+    return -1;
+}
+
+// End of a name or date opened at `begin` and closed by `close`; -1 when never closed.
+qsizetype delimitedEnd(QStringView text, qsizetype begin, QChar close)
+{
+    const qsizetype found = text.indexOf(close, begin + 1);
+    return found < 0 ? -1 : found + 1;
+}
+
+// A date literal holds only digits, separators, letters and blanks; anything else means
+// the '#' is not the start of one.
+qsizetype dateEnd(QStringView text, qsizetype begin)
+{
+    for (qsizetype i = begin + 1; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c == u'#')
+            return i > begin + 1 ? i + 1 : -1;
+        if (!(isWordChar(c) || c == u'/' || c == u'-' || c == u':' || c == u' ' || c == u'.'))
+            return -1;
+    }
+    return -1;
+}
+
+qsizetype numberEnd(QStringView text, qsizetype i)
+{
+    while (i < text.size() && isDigit(text[i]))
+        ++i;
+    if (i + 1 < text.size() && text[i] == u'.' && isDigit(text[i + 1]))
+        for (++i; i < text.size() && isDigit(text[i]);)
+            ++i;
+    if (i < text.size() && (text[i] == u'e' || text[i] == u'E')) {
+        qsizetype j = i + 1;
+        if (j < text.size() && (text[j] == u'+' || text[j] == u'-'))
+            ++j;
+        if (j < text.size() && isDigit(text[j])) {
+            while (j < text.size() && isDigit(text[j]))
+                ++j;
+            i = j;
+        }
+    }
+    return i;
+}
+
+// The kind and end of the token starting at `i`.
+Token tokenAt(QStringView text, qsizetype i)
+{
+    const QChar c = text[i];
+    auto closedOrRest = [&](Kind kind, qsizetype end) {
+        return end < 0 ? Token{Kind::Unclosed, i, text.size()} : Token{kind, i, end};
+    };
+    if (c.isSpace()) {
+        qsizetype end = i + 1;
+        while (end < text.size() && text[end].isSpace())
+            ++end;
+        return {Kind::Space, i, end};
+    }
+    if (c == u'\'')
+        return closedOrRest(Kind::String, quotedEnd(text, i, c));
+    if (c == u'"')
+        return closedOrRest(Kind::DqString, quotedEnd(text, i, c));
+    if (c == u'[')
+        return closedOrRest(Kind::QuotedName, delimitedEnd(text, i, u']'));
+    if (c == u'`')
+        return closedOrRest(Kind::QuotedName, delimitedEnd(text, i, u'`'));
+    if (c == u'#') {
+        const qsizetype end = dateEnd(text, i);
+        return end < 0 ? Token{Kind::Punct, i, i + 1} : Token{Kind::Date, i, end};
+    }
+    if (isDigit(c) || (c == u'.' && i + 1 < text.size() && isDigit(text[i + 1])))
+        return {Kind::Number, i, numberEnd(text, c == u'.' ? i + 1 : i)};
+    if (isWordChar(c)) {
+        qsizetype end = i + 1;
+        while (end < text.size() && isWordChar(text[end]))
+            ++end;
+        return {Kind::Word, i, end};
+    }
+    return {Kind::Punct, i, i + 1};
+}
+
+QList<Token> tokenise(QStringView text)
+{
+    QList<Token> tokens;
+    for (qsizetype i = 0; i < text.size(); i = tokens.constLast().end)
+        tokens.append(tokenAt(text, i));
+    return tokens;
+}
+
+// Words that are never an operand or a function's name, so that an operand of & ends
+// before them.
+bool isKeyword(QStringView word)
+{
+    static constexpr std::array keywords = {
+        "all"_L1,    "and"_L1,    "as"_L1,     "asc"_L1,    "between"_L1, "by"_L1,
+        "case"_L1,   "delete"_L1, "desc"_L1,   "distinct"_L1, "distinctrow"_L1,
+        "else"_L1,   "end"_L1,    "eqv"_L1,    "escape"_L1, "exists"_L1, "from"_L1,
+        "group"_L1,  "having"_L1, "imp"_L1,    "in"_L1,     "inner"_L1,  "insert"_L1,
+        "into"_L1,   "is"_L1,     "join"_L1,   "like"_L1,   "mod"_L1,    "not"_L1,
+        "on"_L1,     "or"_L1,     "order"_L1,  "outer"_L1,  "select"_L1, "set"_L1,
+        "then"_L1,   "top"_L1,    "union"_L1,  "update"_L1, "values"_L1, "when"_L1,
+        "where"_L1,  "xor"_L1,
+    };
+    for (QLatin1StringView keyword : keywords)
+        if (word.compare(keyword, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+// The tokens that matter to the grammar (no blanks), with their matching parentheses.
+class Significant
+{
+public:
+    Significant(QStringView text, const QList<Token> &tokens) : m_text(text), m_tokens(tokens)
+    {
+        for (qsizetype i = 0; i < tokens.size(); ++i)
+            if (tokens[i].kind != Kind::Space)
+                m_index.append(i);
+        matchParentheses();
+    }
+
+    qsizetype size() const { return m_index.size(); }
+    qsizetype tokenIndex(qsizetype p) const { return m_index[p]; }
+    qsizetype match(qsizetype p) const { return m_match[p]; }
+
+    bool isChar(qsizetype p, QChar c) const
+    {
+        const Token &t = token(p);
+        return p >= 0 && p < size() && t.kind == Kind::Punct && m_text[t.begin] == c;
+    }
+    bool isSign(qsizetype p) const { return isChar(p, u'+') || isChar(p, u'-'); }
+    bool isArithmetic(qsizetype p) const { return isSign(p) || isChar(p, u'*') || isChar(p, u'/'); }
+    bool isOpen(qsizetype p) const { return isChar(p, u'(') && m_match[p] >= 0; }
+    bool isClose(qsizetype p) const { return isChar(p, u')') && m_match[p] >= 0; }
+
+    bool isWord(qsizetype p) const
+    {
+        if (p < 0 || p >= size() || token(p).kind != Kind::Word)
+            return false;
+        const Token &t = token(p);
+        return !isKeyword(m_text.mid(t.begin, t.end - t.begin));
+    }
+    bool isName(qsizetype p) const
+    {
+        return isWord(p) || (p >= 0 && p < size() && token(p).kind == Kind::QuotedName);
+    }
+    // A name, a literal or a number: something that is an operand on its own.
+    bool isAtom(qsizetype p) const
+    {
+        if (isName(p))
+            return true;
+        if (p < 0 || p >= size())
+            return false;
+        const Kind kind = token(p).kind;
+        return kind == Kind::String || kind == Kind::DqString || kind == Kind::Number
+            || kind == Kind::Date;
+    }
+    // The "*" of "tbl.*".
+    bool isAllColumns(qsizetype p) const { return isChar(p, u'*') && isChar(p - 1, u'.'); }
+    bool endsOperand(qsizetype p) const { return isAtom(p) || isClose(p) || isAllColumns(p); }
+
+private:
+    const Token &token(qsizetype p) const
+    {
+        static const Token none{Kind::Space, 0, 0};
+        return p >= 0 && p < size() ? m_tokens[m_index[p]] : none;
+    }
+
+    void matchParentheses()
+    {
+        m_match.fill(-1, size());
+        QList<qsizetype> open;
+        for (qsizetype p = 0; p < size(); ++p) {
+            if (isChar(p, u'(')) {
+                open.append(p);
+            } else if (isChar(p, u')') && !open.isEmpty()) {
+                m_match[p] = open.takeLast();
+                m_match[m_match[p]] = p;
+            }
+        }
+    }
+
+    QStringView m_text;
+    const QList<Token> &m_tokens;
+    QList<qsizetype> m_index;
+    QList<qsizetype> m_match;
+};
+
+// Operand extents of &: Jet binds arithmetic tighter than & and comparisons looser, so an
+// operand is an arithmetic expression of names, literals, calls and parenthesised groups.
+class OperandFinder
+{
+public:
+    explicit OperandFinder(const Significant &s) : m_s(s) {}
+
+    // Last position of the operand starting at p, or -1 when none starts there.
+    qsizetype forward(qsizetype p) const
+    {
+        qsizetype end = term(p);
+        while (end >= 0 && m_s.isArithmetic(end + 1)) {
+            const qsizetype next = term(end + 2);
+            if (next < 0)
+                break;
+            end = next;
+        }
+        return end;
+    }
+
+    // First position of the operand ending at p, or -1 when none ends there.
+    qsizetype backward(qsizetype p) const
+    {
+        qsizetype start = primaryBackward(p);
+        while (start >= 0) {
+            qsizetype q = start - 1;
+            for (; m_s.isSign(q) && !m_s.endsOperand(q - 1); --q)
+                start = q; // unary signs belong to the operand
+            if (!m_s.isArithmetic(q))
+                break;
+            const qsizetype previous = primaryBackward(q - 1);
+            if (previous < 0)
+                break;
+            start = previous;
+        }
+        return start;
+    }
+
+private:
+    qsizetype term(qsizetype p) const
+    {
+        while (m_s.isSign(p))
+            ++p;
+        if (m_s.isOpen(p))
+            return m_s.match(p);
+        if (!m_s.isAtom(p))
+            return -1;
+        qsizetype end = p;
+        if (m_s.isWord(p) && m_s.isOpen(p + 1))
+            return m_s.match(p + 1); // a function call
+        while (m_s.isChar(end + 1, u'.') && (m_s.isName(end + 2) || m_s.isChar(end + 2, u'*')))
+            end += 2;
+        return end;
+    }
+
+    qsizetype primaryBackward(qsizetype p) const
+    {
+        if (m_s.isClose(p)) {
+            const qsizetype open = m_s.match(p);
+            const bool call = m_s.isWord(open - 1) && !m_s.isChar(open - 2, u'.');
+            return call ? open - 1 : open;
+        }
+        if (!m_s.isAtom(p) && !m_s.isAllColumns(p))
+            return -1;
+        qsizetype start = p;
+        while (m_s.isChar(start - 1, u'.') && m_s.isName(start - 2))
+            start -= 2;
+        return m_s.isAllColumns(start) ? -1 : start;
+    }
+
+    const Significant &m_s;
+};
+
+// What the output puts before, instead of and after each token.
+struct Edits
+{
+    explicit Edits(qsizetype count) : before(count), after(count), replaced(count), dropped(count) {}
+
+    QList<QString> before;
+    QList<QString> after;
+    QList<QString> replaced;
+    QList<bool> dropped;
+};
+
+// Jet's & treats null as an empty string, SQLite's || does not: every operand is wrapped.
+void rewriteConcatenation(const Significant &s, Edits &edits)
+{
+    const OperandFinder operands(s);
+    qsizetype chainEnd = -1; // position of the last operand of the chain being built
+    for (qsizetype amp = 0; amp < s.size(); ++amp) {
+        if (!s.isChar(amp, u'&'))
+            continue;
+        const bool continues = chainEnd >= 0 && chainEnd == amp - 1;
+        const qsizetype start = continues ? chainEnd : operands.backward(amp - 1);
+        const qsizetype end = operands.forward(amp + 1);
+        if (start < 0 || end < 0) {
+            if (continues)
+                edits.after[s.tokenIndex(chainEnd)] += u",'')"_s;
+            chainEnd = -1;
+            continue;
+        }
+        if (!continues)
+            edits.before[s.tokenIndex(start)] += u"ifnull("_s;
+        for (qsizetype t = s.tokenIndex(amp - 1) + 1; t < s.tokenIndex(amp + 1); ++t)
+            edits.dropped[t] = true;
+        edits.dropped[s.tokenIndex(amp)] = false;
+        edits.replaced[s.tokenIndex(amp)] = u",'') || ifnull("_s;
+        chainEnd = end;
+        const bool nextContinues = s.isChar(end + 1, u'&');
+        if (!nextContinues) {
+            edits.after[s.tokenIndex(end)] += u",'')"_s;
+            chainEnd = -1;
+        }
+    }
+}
+
+QString quotedName(QStringView name)
+{
+    return u'"' + name.toString().replace(u'"', u"\"\""_s) + u'"';
+}
+
+// "it's" in Jet is 'it''s' in SQLite.
+QString singleQuoted(QStringView literal)
+{
+    QString text = literal.mid(1, literal.size() - 2).toString();
+    text.replace(u"\"\""_s, u"\""_s).replace(u'\'', u"''"_s);
+    return u'\'' + text + u'\'';
+}
+
+QString translated(QStringView text, const Token &token)
+{
+    const QStringView written = text.mid(token.begin, token.end - token.begin);
+    switch (token.kind) {
+    case Kind::QuotedName:
+        return quotedName(written.mid(1, written.size() - 2));
+    case Kind::DqString:
+        return singleQuoted(written);
+    default:
+        return written.toString();
+    }
+}
+
+} // namespace
+
+namespace JetSql {
+
+QString toSqlite(const QString &jetStatement)
+{
+    const QList<Token> tokens = tokenise(jetStatement);
+    const Significant significant(jetStatement, tokens);
+    Edits edits(tokens.size());
+    rewriteConcatenation(significant, edits);
+
+    QString sqlite;
+    sqlite.reserve(jetStatement.size() + 16);
+    for (qsizetype i = 0; i < tokens.size(); ++i) {
+        sqlite += edits.before[i];
+        if (!edits.dropped[i])
+            sqlite += edits.replaced[i].isEmpty() ? translated(jetStatement, tokens[i]) : edits.replaced[i];
+        sqlite += edits.after[i];
+    }
+    return sqlite;
+}
+
+} // namespace JetSql

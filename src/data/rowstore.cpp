@@ -1,0 +1,216 @@
+#include "data/rowstore.h"
+
+void RowStore::reset(int columnCount)
+{
+    m_columns.assign(std::size_t(columnCount), Column{});
+    m_rowCount = 0;
+}
+
+RowStore::Kind RowStore::kindOf(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+        return Kind::Integer;
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return Kind::Real;
+    case QMetaType::QString:
+        return Kind::Text;
+    default:
+        return Kind::Variant;
+    }
+}
+
+QVariant RowStore::value(int row, int column) const
+{
+    const Column &c = m_columns[std::size_t(column)];
+    const auto r = std::size_t(row);
+    if (c.kind == Kind::Variant)
+        return c.variants[r];
+    if (c.kind == Kind::Unset || c.isNull[r])
+        return {};
+    switch (c.kind) {
+    case Kind::Integer:
+        return QVariant(c.integers[r]);
+    case Kind::Real:
+        return QVariant(c.reals[r]);
+    case Kind::Text: {
+        const TextRef ref = c.texts[r];
+        return QString::fromUtf8(c.pool.constData() + ref.offset, ref.length);
+    }
+    default:
+        return {};
+    }
+}
+
+QVariantList RowStore::row(int row) const
+{
+    QVariantList values;
+    values.reserve(columnCount());
+    for (int column = 0; column < columnCount(); ++column)
+        values.append(value(row, column));
+    return values;
+}
+
+// Moves a column to a kind that can hold both what it has and a value of `kind`: whole
+// numbers become reals when a real arrives; anything else mixed becomes variants.
+void RowStore::widen(Column &column, Kind kind, int rows)
+{
+    if (column.kind == kind || kind == Kind::Unset || column.kind == Kind::Variant)
+        return;
+    if (column.kind == Kind::Unset) {
+        column.kind = kind;
+        if (kind == Kind::Variant) {
+            column.variants.assign(std::size_t(rows), QVariant());
+            column.isNull.clear();
+            return;
+        }
+        column.integers.assign(kind == Kind::Integer ? std::size_t(rows) : 0, 0);
+        column.reals.assign(kind == Kind::Real ? std::size_t(rows) : 0, 0.0);
+        column.texts.assign(kind == Kind::Text ? std::size_t(rows) : 0, TextRef{});
+        return;
+    }
+    if (column.kind == Kind::Integer && kind == Kind::Real) {
+        column.reals.assign(column.integers.begin(), column.integers.end());
+        column.integers = {};
+        column.kind = Kind::Real;
+        return;
+    }
+    if (column.kind == Kind::Real && kind == Kind::Integer)
+        return; // a real column holds whole numbers as they are
+    std::vector<QVariant> variants;
+    variants.reserve(std::size_t(rows));
+    for (int r = 0; r < rows; ++r) {
+        const auto i = std::size_t(r);
+        if (column.isNull[i])
+            variants.emplace_back();
+        else if (column.kind == Kind::Integer)
+            variants.emplace_back(column.integers[i]);
+        else if (column.kind == Kind::Real)
+            variants.emplace_back(column.reals[i]);
+        else
+            variants.emplace_back(QString::fromUtf8(column.pool.constData() + column.texts[i].offset,
+                                                    column.texts[i].length));
+    }
+    column = Column{};
+    column.kind = Kind::Variant;
+    column.variants = std::move(variants);
+}
+
+void RowStore::store(Column &column, int row, const QVariant &value)
+{
+    const auto r = std::size_t(row);
+    if (column.kind == Kind::Variant) {
+        column.variants[r] = value;
+        return;
+    }
+    const bool null = value.isNull();
+    column.isNull[r] = null;
+    if (null)
+        return;
+    switch (column.kind) {
+    case Kind::Integer:
+        column.integers[r] = value.toLongLong();
+        break;
+    case Kind::Real:
+        column.reals[r] = value.toDouble();
+        break;
+    case Kind::Text: {
+        const QByteArray utf8 = value.toString().toUtf8();
+        column.texts[r] = TextRef{std::uint32_t(column.pool.size()), std::uint32_t(utf8.size())};
+        column.pool.append(utf8);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void RowStore::appendCell(Column &column, const QVariant &value)
+{
+    if (!value.isNull())
+        widen(column, kindOf(value), m_rowCount);
+    switch (column.kind) {
+    case Kind::Variant:
+        column.variants.emplace_back();
+        break;
+    case Kind::Integer:
+        column.integers.push_back(0);
+        break;
+    case Kind::Real:
+        column.reals.push_back(0.0);
+        break;
+    case Kind::Text:
+        column.texts.push_back(TextRef{});
+        break;
+    case Kind::Unset:
+        break;
+    }
+    if (column.kind != Kind::Variant)
+        column.isNull.push_back(true);
+    if (column.kind != Kind::Unset)
+        store(column, m_rowCount, value);
+}
+
+void RowStore::appendRow(const QVariantList &values)
+{
+    for (int c = 0; c < columnCount(); ++c)
+        appendCell(m_columns[std::size_t(c)], c < values.size() ? values.at(c) : QVariant());
+    ++m_rowCount;
+}
+
+void RowStore::setValue(int row, int column, const QVariant &value)
+{
+    Column &c = m_columns[std::size_t(column)];
+    if (!value.isNull())
+        widen(c, kindOf(value), m_rowCount);
+    if (c.kind != Kind::Unset)
+        store(c, row, value);
+}
+
+void RowStore::setRow(int row, const QVariantList &values)
+{
+    for (int c = 0; c < columnCount(); ++c)
+        setValue(row, c, c < values.size() ? values.at(c) : QVariant());
+}
+
+void RowStore::removeRow(int row)
+{
+    const auto r = std::ptrdiff_t(row);
+    for (Column &c : m_columns) {
+        if (c.kind == Kind::Variant) {
+            c.variants.erase(c.variants.begin() + r);
+            continue;
+        }
+        c.isNull.erase(c.isNull.begin() + r);
+        if (c.kind == Kind::Integer)
+            c.integers.erase(c.integers.begin() + r);
+        else if (c.kind == Kind::Real)
+            c.reals.erase(c.reals.begin() + r);
+        else if (c.kind == Kind::Text)
+            c.texts.erase(c.texts.begin() + r);
+    }
+    --m_rowCount;
+}
+
+qint64 RowStore::bytesUsed() const
+{
+    qint64 bytes = 0;
+    for (const Column &c : m_columns) {
+        bytes += qint64(c.isNull.capacity() / 8);
+        bytes += qint64(c.integers.capacity() * sizeof(qint64));
+        bytes += qint64(c.reals.capacity() * sizeof(double));
+        bytes += qint64(c.texts.capacity() * sizeof(TextRef));
+        bytes += c.pool.capacity();
+        bytes += qint64(c.variants.capacity() * sizeof(QVariant));
+        for (const QVariant &v : c.variants)
+            if (v.typeId() == QMetaType::QString)
+                bytes += v.toString().capacity() * qint64(sizeof(QChar));
+    }
+    return bytes;
+}
