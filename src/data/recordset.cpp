@@ -347,7 +347,7 @@ void Recordset::setValue(int field, const QVariant &value)
         d->mode = EditMode::InProgress;
     }
     d->pending[field] = value;
-    Q_EMIT rowChanged(d->pos);
+    Q_EMIT fieldChanged(d->pos, field);
 }
 
 void Recordset::addNew()

@@ -102,6 +102,8 @@ Q_SIGNALS:
     void aboutToRemoveRow(int row);
     void rowRemoved(int row);
     void rowChanged(int row);
+    // One field of a row was edited (not yet written).
+    void fieldChanged(int row, int field);
 
 private:
     Recordset();

@@ -39,6 +39,11 @@ void RecordsetModel::attach()
         if (row >= 0 && row < rowCount())
             Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
     });
+    // Only the edited cell: a mapper refreshes every widget a change covers, which would
+    // throw away what the user typed into the others and has not submitted yet.
+    connect(rs, &Recordset::fieldChanged, this, [this](int row, int field) {
+        Q_EMIT dataChanged(index(row, field), index(row, field));
+    });
 }
 
 void RecordsetModel::setColumnFormat(const QString &field, FieldFormat format)
