@@ -74,22 +74,25 @@ qsizetype dateEnd(QStringView text, qsizetype begin)
     return -1;
 }
 
-qsizetype numberEnd(QStringView text, qsizetype i)
+qsizetype digitsEnd(QStringView text, qsizetype i)
 {
     while (i < text.size() && isDigit(text[i]))
         ++i;
+    return i;
+}
+
+// 12, 1.05, .5, 2e-3
+qsizetype numberEnd(QStringView text, qsizetype i)
+{
+    i = digitsEnd(text, i);
     if (i + 1 < text.size() && text[i] == u'.' && isDigit(text[i + 1]))
-        for (++i; i < text.size() && isDigit(text[i]);)
-            ++i;
+        i = digitsEnd(text, i + 1);
     if (i < text.size() && (text[i] == u'e' || text[i] == u'E')) {
         qsizetype j = i + 1;
         if (j < text.size() && (text[j] == u'+' || text[j] == u'-'))
             ++j;
-        if (j < text.size() && isDigit(text[j])) {
-            while (j < text.size() && isDigit(text[j]))
-                ++j;
-            i = j;
-        }
+        if (j < text.size() && isDigit(text[j]))
+            i = digitsEnd(text, j);
     }
     return i;
 }
@@ -120,7 +123,7 @@ Token tokenAt(QStringView text, qsizetype i)
         return end < 0 ? Token{Kind::Punct, i, i + 1} : Token{Kind::Date, i, end};
     }
     if (isDigit(c) || (c == u'.' && i + 1 < text.size() && isDigit(text[i + 1])))
-        return {Kind::Number, i, numberEnd(text, c == u'.' ? i + 1 : i)};
+        return {Kind::Number, i, numberEnd(text, i)};
     if (isWordChar(c)) {
         qsizetype end = i + 1;
         while (end < text.size() && isWordChar(text[end]))
@@ -177,7 +180,7 @@ public:
     bool isChar(qsizetype p, QChar c) const
     {
         const Token &t = token(p);
-        return p >= 0 && p < size() && t.kind == Kind::Punct && m_text[t.begin] == c;
+        return t.kind == Kind::Punct && m_text[t.begin] == c;
     }
     bool isSign(qsizetype p) const { return isChar(p, u'+') || isChar(p, u'-'); }
     bool isArithmetic(qsizetype p) const { return isSign(p) || isChar(p, u'*') || isChar(p, u'/'); }
@@ -186,31 +189,23 @@ public:
 
     bool isWord(qsizetype p) const
     {
-        if (p < 0 || p >= size() || token(p).kind != Kind::Word)
-            return false;
         const Token &t = token(p);
-        return !isKeyword(m_text.mid(t.begin, t.end - t.begin));
+        return t.kind == Kind::Word && !isKeyword(m_text.mid(t.begin, t.end - t.begin));
     }
-    bool isName(qsizetype p) const
-    {
-        return isWord(p) || (p >= 0 && p < size() && token(p).kind == Kind::QuotedName);
-    }
+    bool isName(qsizetype p) const { return isWord(p) || token(p).kind == Kind::QuotedName; }
     // A name, a literal or a number: something that is an operand on its own.
     bool isAtom(qsizetype p) const
     {
-        if (isName(p))
-            return true;
-        if (p < 0 || p >= size())
-            return false;
         const Kind kind = token(p).kind;
-        return kind == Kind::String || kind == Kind::DqString || kind == Kind::Number
-            || kind == Kind::Date;
+        return isName(p) || kind == Kind::String || kind == Kind::DqString
+            || kind == Kind::Number || kind == Kind::Date;
     }
     // The "*" of "tbl.*".
     bool isAllColumns(qsizetype p) const { return isChar(p, u'*') && isChar(p - 1, u'.'); }
     bool endsOperand(qsizetype p) const { return isAtom(p) || isClose(p) || isAllColumns(p); }
 
 private:
+    // Positions off either end read as a blank, so the walks need no bounds checks.
     const Token &token(qsizetype p) const
     {
         static const Token none{Kind::Space, 0, 0};
@@ -284,9 +279,9 @@ private:
             return m_s.match(p);
         if (!m_s.isAtom(p))
             return -1;
-        qsizetype end = p;
         if (m_s.isWord(p) && m_s.isOpen(p + 1))
             return m_s.match(p + 1); // a function call
+        qsizetype end = p;
         while (m_s.isChar(end + 1, u'.') && (m_s.isName(end + 2) || m_s.isChar(end + 2, u'*')))
             end += 2;
         return end;
@@ -322,34 +317,32 @@ struct Edits
 };
 
 // Jet's & treats null as an empty string, SQLite's || does not: every operand is wrapped.
+// Chains at different depths interleave in the token order, so an open chain is known by
+// the position of its last operand.
 void rewriteConcatenation(const Significant &s, Edits &edits)
 {
     const OperandFinder operands(s);
-    qsizetype chainEnd = -1; // position of the last operand of the chain being built
+    QList<bool> chainOpenAt(s.size(), false);
     for (qsizetype amp = 0; amp < s.size(); ++amp) {
         if (!s.isChar(amp, u'&'))
             continue;
-        const bool continues = chainEnd >= 0 && chainEnd == amp - 1;
-        const qsizetype start = continues ? chainEnd : operands.backward(amp - 1);
+        const bool continues = amp > 0 && chainOpenAt[amp - 1];
+        const qsizetype start = continues ? amp - 1 : operands.backward(amp - 1);
         const qsizetype end = operands.forward(amp + 1);
         if (start < 0 || end < 0) {
             if (continues)
-                edits.after[s.tokenIndex(chainEnd)] += u",'')"_s;
-            chainEnd = -1;
+                edits.after[s.tokenIndex(amp - 1)] += u",'')"_s;
             continue;
         }
         if (!continues)
             edits.before[s.tokenIndex(start)] += u"ifnull("_s;
         for (qsizetype t = s.tokenIndex(amp - 1) + 1; t < s.tokenIndex(amp + 1); ++t)
-            edits.dropped[t] = true;
-        edits.dropped[s.tokenIndex(amp)] = false;
+            edits.dropped[t] = t != s.tokenIndex(amp);
         edits.replaced[s.tokenIndex(amp)] = u",'') || ifnull("_s;
-        chainEnd = end;
-        const bool nextContinues = s.isChar(end + 1, u'&');
-        if (!nextContinues) {
+        if (s.isChar(end + 1, u'&'))
+            chainOpenAt[end] = true;
+        else
             edits.after[s.tokenIndex(end)] += u",'')"_s;
-            chainEnd = -1;
-        }
     }
 }
 

@@ -89,6 +89,8 @@ struct Recordset::Private
                 values[i] = query.value(i);
             appendRow(values);
         }
+        store.squeeze();
+        serials.shrink_to_fit();
         writer = TableWriter::forSelect(connection->database(), sql, fields);
         keyIndexValid = false;
     }
@@ -458,6 +460,11 @@ void Recordset::requery()
     d->gap = false;
     Q_EMIT resetDone();
     Q_EMIT moveComplete();
+}
+
+qint64 Recordset::bytesHeld() const
+{
+    return d->store.bytesUsed() + qint64(d->serials.capacity() * sizeof(Bookmark));
 }
 
 bool Recordset::isUpdatable() const

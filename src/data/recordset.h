@@ -87,6 +87,9 @@ public:
 
     void requery();
 
+    // Bytes held for the rows' values, for the benchmarks.
+    qint64 bytesHeld() const;
+
     bool isUpdatable() const;
     QString baseTable() const;
     QString keyField() const;

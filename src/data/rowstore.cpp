@@ -198,6 +198,18 @@ void RowStore::removeRow(int row)
     --m_rowCount;
 }
 
+void RowStore::squeeze()
+{
+    for (Column &c : m_columns) {
+        c.isNull.shrink_to_fit();
+        c.integers.shrink_to_fit();
+        c.reals.shrink_to_fit();
+        c.texts.shrink_to_fit();
+        c.pool.squeeze();
+        c.variants.shrink_to_fit();
+    }
+}
+
 qint64 RowStore::bytesUsed() const
 {
     qint64 bytes = 0;

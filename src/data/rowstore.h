@@ -23,6 +23,8 @@ public:
     void setRow(int row, const QVariantList &values);
     void setValue(int row, int column, const QVariant &value);
     void removeRow(int row);
+    // Gives back the room reserved for growth, once all rows are in.
+    void squeeze();
 
     // Bytes held for the rows' values, for the benchmarks.
     qint64 bytesUsed() const;

@@ -1,0 +1,44 @@
+#include "benchcatalogue.h"
+
+#include "catalogue/cataloguefile.h"
+#include "catalogue/generator.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+BenchCatalogue::BenchCatalogue(int books)
+{
+    Generator::Options options;
+    options.books = books;
+    options.seed = 30000;
+    CatalogueFile::create(path(), false /* overwrite */,
+                          [&](QSqlDatabase &db) { Generator::fill(db, options); });
+}
+
+QString BenchCatalogue::path() const
+{
+    return m_dir.filePath(u"QuireshelfCatalog01.mdb"_s);
+}
+
+void reportFigure(const char *what, double value, double baseline, const char *unit)
+{
+    std::printf("%-44s %10.3f %-3s  raw %10.3f %-3s  ratio %5.2f\n", what, value, unit, baseline,
+                unit, baseline > 0 ? value / baseline : 0.0);
+}
+
+double bestMilliseconds(int runs, const std::function<void()> &action)
+{
+    double best = std::numeric_limits<double>::max();
+    for (int run = 0; run < runs; ++run) {
+        QElapsedTimer timer;
+        timer.start();
+        action();
+        best = std::min(best, double(timer.nsecsElapsed()) / 1e6);
+    }
+    return best;
+}

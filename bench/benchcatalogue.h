@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <functional>
+
+// A generated catalogue of many books in a temporary folder, made once per benchmark run.
+class BenchCatalogue
+{
+public:
+    explicit BenchCatalogue(int books);
+    QString path() const;
+
+private:
+    QTemporaryDir m_dir;
+};
+
+// Prints one figure beside its raw-SQLite baseline and their ratio.
+void reportFigure(const char *what, double value, double baseline, const char *unit);
+// Milliseconds an action takes, the best of a few runs, so one slow moment does not count.
+double bestMilliseconds(int runs, const std::function<void()> &action);
