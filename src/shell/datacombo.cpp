@@ -1,0 +1,36 @@
+#include "shell/datacombo.h"
+
+#include "data/recordsetmodel.h"
+
+DataCombo::DataCombo(QWidget *parent)
+    : QComboBox(parent)
+{
+}
+
+void DataCombo::setRowSource(RecordsetModel *rows, const QString &listField,
+                             const QString &boundColumn)
+{
+    m_rows = rows;
+    setModel(rows);
+    setModelColumn(rows->column(listField));
+    m_boundColumn = rows->column(boundColumn);
+}
+
+QVariant DataCombo::boundText() const
+{
+    if (!m_rows || currentIndex() < 0)
+        return {};
+    return m_rows->data(m_rows->index(currentIndex(), m_boundColumn), Qt::EditRole);
+}
+
+void DataCombo::setBoundText(const QVariant &value)
+{
+    if (!m_rows)
+        return;
+    const QString wanted = value.toString();
+    const QModelIndexList found = wanted.isEmpty()
+        ? QModelIndexList()
+        : m_rows->match(m_rows->index(0, m_boundColumn), Qt::EditRole, wanted, 1,
+                        Qt::MatchFixedString);
+    setCurrentIndex(found.isEmpty() ? -1 : found.first().row());
+}
