@@ -1,6 +1,6 @@
+#include "shell/application.h"
 #include "shell/mainframe.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QTimer>
 
@@ -8,10 +8,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[])
 {
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(u"prjQuireshelf"_s);
-    QApplication::setApplicationDisplayName(u"Shelvane"_s);
-    QApplication::setApplicationVersion(QStringLiteral(SHELVANE_VERSION));
+    Application app(argc, argv);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Shelvane: a catalogue of a private library of books."_s);
@@ -22,6 +19,7 @@ int main(int argc, char *argv[])
     parser.addOption(screenshot);
     parser.process(app);
 
+    // The frame alone, with no catalogue open: the user opens one with File › Open Catalogue.
     MainFrame frame;
     frame.show();
 

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+
+class QAction;
+class QMdiArea;
+class QMdiSubWindow;
+class QWidget;
+
+// The forms the program can open, by name, and the forms loaded now, in the order they were
+// loaded. Each area registers a factory for its own forms, so the frame and the other areas
+// open a form by name without knowing its class. A form exists at most once: showing a
+// loaded form only brings it forward.
+class FormRegistry : public QObject
+{
+    Q_OBJECT
+
+public:
+    // A task form lives inside the frame; frmOpen and the about box in a window over it.
+    enum class Placement { Child, Window };
+    using Factory = std::function<QWidget *()>;
+
+    FormRegistry(QWidget *frame, QMdiArea *area);
+    ~FormRegistry() override;
+
+    void registerForm(const QString &name, Placement placement, Factory factory);
+    bool isRegistered(const QString &name) const;
+
+    // The loaded form of that name, loaded now (and left hidden) when it was not; nullptr
+    // when no area has registered it.
+    QWidget *load(const QString &name);
+    // Loads the form if need be, shows it and brings it forward.
+    QWidget *show(const QString &name);
+    QWidget *find(const QString &name) const;
+    QList<QWidget *> loadedForms() const;
+    // The window that carries a loaded form's state: its frame inside the main window, or
+    // the form itself.
+    QWidget *windowOf(QWidget *form) const;
+
+    // Asks the form to close (its close event may refuse) and answers whether it is gone.
+    bool unload(QWidget *form);
+    // Unloads every loaded form in load order; answers whether all of them went.
+    bool unloadAll();
+
+    // Disables the action while the named form stays loaded, and enables it again when the
+    // form unloads. Does nothing when that form is not loaded.
+    void disableWhileLoaded(const QString &name, QAction *action);
+
+Q_SIGNALS:
+    void formUnloaded(const QString &name);
+
+private:
+    struct Registration
+    {
+        Placement placement;
+        Factory factory;
+    };
+    struct Loaded
+    {
+        QString name;
+        QObject *key; // identifies the entry once the form itself is being destroyed
+        QPointer<QWidget> form;
+        QPointer<QMdiSubWindow> subWindow;
+        QList<QPointer<QAction>> disabledActions;
+    };
+
+    void place(QWidget *form, Placement placement, Loaded &entry);
+    qsizetype indexOf(const QObject *key) const;
+    void forget(const QObject *key);
+
+    QWidget *m_frame;
+    QMdiArea *m_area;
+    QHash<QString, Registration> m_registrations;
+    QList<Loaded> m_loaded;
+};

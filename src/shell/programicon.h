@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QIcon>
+
+// The program's icon: three books standing on a shelf. Drawn rather than shipped as a file, so
+// that it is sharp at every size the windows ask for.
+QIcon ProgramIcon();

@@ -1,0 +1,11 @@
+#include "shell/runtimeerrorreport.h"
+
+#include "shell/msgbox.h"
+
+using namespace Qt::StringLiterals;
+
+void ReportRuntimeError(int number, const QString &description)
+{
+    MsgBox(u"Run-time error '"_s + QString::number(number) + u"':\r\n\r\n"_s + description,
+           Vb::OKOnly | Vb::Critical, u"prjQuireshelf"_s);
+}

@@ -1,0 +1,42 @@
+#include "shell/session.h"
+
+#include "data/connectionstring.h"
+#include "shell/msgbox.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+QString Session::connectionString() const
+{
+    return ConnectionString::forCatalogue(strCataloguePath);
+}
+
+void Session::setPriceFormat(const QLocale &locale)
+{
+    strCurrencySymbol = currencySymbol(locale);
+    strPriceFormat = strCurrencySymbol + u"###,##0.00"_s;
+}
+
+void Session::clear()
+{
+    if (cnnCatalogue)
+        cnnCatalogue->close();
+    cnnCatalogue.reset();
+    strCataloguePath.clear();
+}
+
+QString currencySymbol(const QLocale &locale)
+{
+    // Where the locale writes its symbol after the number this is a digit, as it always was.
+    return locale.toCurrencyString(1.0).left(1);
+}
+
+bool CatalogueIsOpen(const Session &session)
+{
+    if (session.isOpen())
+        return true;
+    MsgBox(u"Please open Quireshelf database first!"_s, Vb::OKOnly | Vb::Exclamation,
+           u"Shelvane"_s);
+    return false;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+
+// The pictures of the toolbar buttons that no standard icon fits: drawn, so that they
+// scale cleanly and match one another.
+namespace ToolbarIcons {
+QIcon book();
+QIcon author();
+QIcon publisher();
+QIcon topic();
+} // namespace ToolbarIcons
