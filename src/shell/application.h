@@ -2,9 +2,9 @@
 
 #include <QApplication>
 
-// The program's application object. It carries the settings store's name, reports any
-// run-time error that escapes an event handler (the handler is abandoned, the program goes
-// on) and opens the help of the active form on F1.
+// The program's application object. It carries the settings store's name and opens the help
+// of the active form on F1. Handlers report their errors through RunHandler; an error that
+// still escapes one is reported here as a last resort rather than ending the program.
 class Application : public QApplication
 {
     Q_OBJECT

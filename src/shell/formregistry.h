@@ -65,7 +65,9 @@ private:
         QString name;
         QObject *key; // identifies the entry once the form itself is being destroyed
         QPointer<QWidget> form;
-        QPointer<QMdiSubWindow> subWindow;
+        // Held as a plain widget: it is still looked at while being destroyed, when it is no
+        // longer a sub-window.
+        QPointer<QWidget> subWindow;
         QList<QPointer<QAction>> disabledActions;
     };
 
