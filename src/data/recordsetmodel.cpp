@@ -102,9 +102,9 @@ bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, in
         if (!stored.isValid())
             return false;
     }
-    // A bound widget refilled by the program is not an edit of the row.
-    if (FieldFormats::display(stored, format) == FieldFormats::display(current, format)
-        && stored.isNull() == current.isNull())
+    // A bound widget refilled by the program is not an edit of the row, and neither is an
+    // empty box over an empty (null) field.
+    if (FieldFormats::display(stored, format) == FieldFormats::display(current, format))
         return true;
     return m_control->guarded([&](Recordset &rs) {
         if (rs.currentRow() != index.row())

@@ -120,6 +120,20 @@ private Q_SLOTS:
         QCOMPARE(adoBook->recordset()->editMode(), Recordset::EditMode::None);
     }
 
+    void emptyTextOverANullFieldIsNoEdit()
+    {
+        auto adoTopic = control(u"select * from tblTopic order by TopicDescription"_s);
+        RecordsetModel model(adoTopic.get());
+        Recordset *rs = adoTopic->recordset();
+        rs->setValue(u"TopicNotes"_s, QVariant());
+        rs->update();
+        const QModelIndex notes = model.index(rs->currentRow(), model.column(u"TopicNotes"_s));
+        QVERIFY(model.setData(notes, QString(u""_s)));
+        QCOMPARE(rs->editMode(), Recordset::EditMode::None);
+        QVERIFY(model.setData(notes, u"Now written"_s));
+        QCOMPARE(rs->editMode(), Recordset::EditMode::InProgress);
+    }
+
     void gridSelectsTheCurrentRow()
     {
         auto adoAuthor = control(u"select * from tblAuthor order by AuthorSurname"_s);
