@@ -1,3 +1,5 @@
+#include "books/bookforms.h"
+#include "reference/registerreferenceforms.h"
 #include "shell/application.h"
 #include "shell/mainframe.h"
 
@@ -21,6 +23,8 @@ int main(int argc, char *argv[])
 
     // The frame alone, with no catalogue open: the user opens one with File › Open Catalogue.
     MainFrame frame;
+    RegisterReferenceForms(frame);
+    RegisterBookForms(frame);
     frame.show();
 
     if (parser.isSet(screenshot)) {

@@ -1,8 +1,10 @@
 #include "shell/application.h"
 
+#include "data/datacontrol.h"
 #include "data/providererror.h"
 #include "data/runtimeerror.h"
 #include "shell/helptopics.h"
+#include "shell/msgbox.h"
 #include "shell/runtimeerrorreport.h"
 
 #include <QKeyEvent>
@@ -27,6 +29,10 @@ Application::Application(int &argc, char **argv)
     setApplicationName(u"prjQuireshelf"_s);
     setOrganizationName(u"Shelvane"_s);
     setApplicationVersion(QStringLiteral(SHELVANE_VERSION));
+    // A data control's standard message for an error its form's handler lets through.
+    DataControl::setErrorPresenter([](int, const QString &description) {
+        MsgBox(description, Vb::OKOnly | Vb::Exclamation, QString());
+    });
 }
 
 bool Application::notify(QObject *receiver, QEvent *event)
