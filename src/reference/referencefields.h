@@ -11,7 +11,7 @@ class QWidget;
 // A field of the form, built from its description.
 struct FieldWidget
 {
-    const ReferenceField *spec;
+    const ReferenceField *definition;
     QWidget *widget;
 };
 

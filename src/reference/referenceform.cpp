@@ -146,8 +146,8 @@ void ReferenceForm::bindFields()
     m_mapper->setItemDelegate(new ChangesOnlyDelegate(m_mapper));
     for (const FieldWidget &field : std::as_const(m_fields)) {
         // The key is the catalogue's to assign: shown, never written back.
-        if (field.spec->kind != FieldKind::Key)
-            m_mapper->addMapping(field.widget, m_records->column(field.spec->column));
+        if (field.definition->kind != FieldKind::Key)
+            m_mapper->addMapping(field.widget, m_records->column(field.definition->column));
     }
     connect(m_records, &RecordsetModel::currentRowChanged, this, &ReferenceForm::showRow);
     showRow(m_records->currentRow());
@@ -156,7 +156,7 @@ void ReferenceForm::bindFields()
 void ReferenceForm::watchMandatoryFields()
 {
     for (const FieldWidget &field : std::as_const(m_fields)) {
-        if (field.spec->isMandatory())
+        if (field.definition->isMandatory())
             m_fieldGuard->watch(field.widget);
     }
     // Leaving a field for any of these checks it first; cancelling an add, leaving the form
@@ -178,8 +178,8 @@ void ReferenceForm::showRow(int row)
     }
     m_mapper->setCurrentIndex(row);
     for (const FieldWidget &field : std::as_const(m_fields)) {
-        if (field.spec->kind == FieldKind::Key) {
-            const QModelIndex key = m_records->index(row, m_records->column(field.spec->column));
+        if (field.definition->kind == FieldKind::Key) {
+            const QModelIndex key = m_records->index(row, m_records->column(field.definition->column));
             SetFieldText(field.widget, m_records->data(key).toString());
         }
     }
@@ -197,7 +197,7 @@ Recordset &ReferenceForm::records() const
 QWidget *ReferenceForm::fieldWidget(const QString &objectName) const
 {
     for (const FieldWidget &field : m_fields) {
-        if (field.spec->objectName == objectName)
+        if (field.definition->objectName == objectName)
             return field.widget;
     }
     return nullptr;
@@ -254,7 +254,7 @@ void ReferenceForm::SetAddMode(bool adding)
                             ui->cmdDelete, ui->cmdAdd})
         button->setEnabled(!adding);
     for (const FieldWidget &field : std::as_const(m_fields)) {
-        if (field.spec->isMandatory())
+        if (field.definition->isMandatory())
             SetMandatoryColour(field.widget, adding);
     }
 }
@@ -345,10 +345,10 @@ void ReferenceForm::startNewRecord()
 bool ReferenceForm::checkField(QWidget *field)
 {
     for (const FieldWidget &candidate : std::as_const(m_fields)) {
-        if (candidate.widget != field || !candidate.spec->isMandatory()
+        if (candidate.widget != field || !candidate.definition->isMandatory()
             || !FieldText(field).isEmpty())
             continue;
-        MsgBox(candidate.spec->missingMessage, Vb::OKOnly, m_list.caption);
+        MsgBox(candidate.definition->missingMessage, Vb::OKOnly, m_list.caption);
         field->setFocus();
         return false;
     }
