@@ -8,6 +8,7 @@
 #include "shell/msgbox.h"
 #include "shell/promptdialog.h"
 #include "shell/promptpreference.h"
+#include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 #include <QDataWidgetMapper>
@@ -72,48 +73,54 @@ void FrmBookMaintenance::askPrompt(const QString &action)
 
 void FrmBookMaintenance::on_cmdAdd_clicked()
 {
-    askPrompt(u"Add"_s);
-    if (PromptAnswer != GoAhead)
-        return;
-    submitEdits();
-    Recordset *rs = books();
-    if (BookCount > 0)
-        SavedBookmark = rs->bookmark();
-    rs->addNew();
-    SetAddMode(true);
-    ui->txtDescription->setFocus();
-    for (QCheckBox *box : {ui->chkIllustrated, ui->chkFirstEdition, ui->chkBibliography})
-        box->setChecked(false);
+    RunHandler([this] {
+        askPrompt(u"Add"_s);
+        if (PromptAnswer != GoAhead)
+            return;
+        submitEdits();
+        Recordset *rs = books();
+        if (BookCount > 0)
+            SavedBookmark = rs->bookmark();
+        rs->addNew();
+        SetAddMode(true);
+        ui->txtDescription->setFocus();
+        for (QCheckBox *box : {ui->chkIllustrated, ui->chkFirstEdition, ui->chkBibliography})
+            box->setChecked(false);
+    });
 }
 
 void FrmBookMaintenance::on_cmdConfirmAdd_clicked()
 {
-    ValidateBook();
-    if (InvalidEntry)
-        return;
-    submitEdits();
-    Recordset *rs = books();
-    rs->move(0);
-    NewBookID = toInt16(rs->value(u"BookID"_s).toLongLong());
-    rs->requery();
-    adoBook->Refresh();
-    books()->find(u"BookID = "_s + QString::number(NewBookID), 0, true);
-    SetAddMode(false);
-    RefreshPosition();
-    MsgBox(u"New Book Sucessfully added, now allocate topic(s) and author(s)"_s, Vb::OKOnly,
-           u"Add New Book"_s);
-    adoBookLkup->Refresh();
-    showLookupText(books()->value(u"BookDescription"_s).toString());
+    RunHandler([this] {
+        ValidateBook();
+        if (InvalidEntry)
+            return;
+        submitEdits();
+        Recordset *rs = books();
+        rs->move(0);
+        NewBookID = toInt16(rs->value(u"BookID"_s).toLongLong());
+        rs->requery();
+        adoBook->Refresh();
+        books()->find(u"BookID = "_s + QString::number(NewBookID), 0, true);
+        SetAddMode(false);
+        RefreshPosition();
+        MsgBox(u"New Book Sucessfully added, now allocate topic(s) and author(s)"_s, Vb::OKOnly,
+               u"Add New Book"_s);
+        adoBookLkup->Refresh();
+        showLookupText(books()->value(u"BookDescription"_s).toString());
+    });
 }
 
 void FrmBookMaintenance::on_cmdCancelAdd_clicked()
 {
-    Recordset *rs = books();
-    rs->cancelUpdate();
-    if (BookCount > 0)
-        rs->setBookmark(SavedBookmark);
-    SetAddMode(false);
-    RefreshPosition();
+    RunHandler([this] {
+        Recordset *rs = books();
+        rs->cancelUpdate();
+        if (BookCount > 0)
+            rs->setBookmark(SavedBookmark);
+        SetAddMode(false);
+        RefreshPosition();
+    });
 }
 
 void FrmBookMaintenance::SetAddMode(bool adding)

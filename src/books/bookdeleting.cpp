@@ -4,6 +4,7 @@
 
 #include "data/datacontrol.h"
 #include "shell/msgbox.h"
+#include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 using namespace Qt::StringLiterals;
@@ -16,27 +17,29 @@ constexpr int GoAhead = 6;
 
 void FrmBookMaintenance::on_cmdDelete_clicked()
 {
-    askPrompt(u"Delete"_s);
-    if (PromptAnswer != GoAhead)
-        return;
-    // A warning, not a question: the last book goes all the same.
-    if (BookCount == 1)
-        MsgBox(u"You are about to delete the last book!\r\n"
-               "some forms may not function correctly as a result\r\n"
-               "\r\n"
-               "You can correct these by adding at least one book"_s,
-               Vb::OKOnly | Vb::Exclamation, u"Delete last book"_s);
-    submitEdits();
-    Recordset *rs = books();
-    rs->move(0);
-    rs->deleteCurrent();
-    rs->moveNext();
-    // Past the end: back to the book before, if one is left.
-    if (rs->eof() && rs->recordCount() > 0)
-        rs->movePrevious();
-    MsgBox(u"Book Successfully removed"_s, Vb::OKOnly, u"Delete Book"_s);
-    RefreshPosition();
-    adoBookLkup->Refresh();
-    if (BookCount != 0 && !rs->bof() && !rs->eof())
-        showLookupText(rs->value(u"BookDescription"_s).toString());
+    RunHandler([this] {
+        askPrompt(u"Delete"_s);
+        if (PromptAnswer != GoAhead)
+            return;
+        // A warning, not a question: the last book goes all the same.
+        if (BookCount == 1)
+            MsgBox(u"You are about to delete the last book!\r\n"
+                   "some forms may not function correctly as a result\r\n"
+                   "\r\n"
+                   "You can correct these by adding at least one book"_s,
+                   Vb::OKOnly | Vb::Exclamation, u"Delete last book"_s);
+        submitEdits();
+        Recordset *rs = books();
+        rs->move(0);
+        rs->deleteCurrent();
+        rs->moveNext();
+        // Past the end: back to the book before, if one is left.
+        if (rs->eof() && rs->recordCount() > 0)
+            rs->movePrevious();
+        MsgBox(u"Book Successfully removed"_s, Vb::OKOnly, u"Delete Book"_s);
+        RefreshPosition();
+        adoBookLkup->Refresh();
+        if (BookCount != 0 && !rs->bof() && !rs->eof())
+            showLookupText(rs->value(u"BookDescription"_s).toString());
+    });
 }

@@ -10,6 +10,7 @@
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
+#include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 using namespace Qt::StringLiterals;
@@ -61,12 +62,12 @@ void FrmBookMaintenance::on_cmdAddTopic_clicked()
 
 void FrmBookMaintenance::on_cmdDeleteAuthor_clicked()
 {
-    removeSelectedLink(LinkSide::Author);
+    RunHandler([this] { removeSelectedLink(LinkSide::Author); });
 }
 
 void FrmBookMaintenance::on_cmdDeleteTopic_clicked()
 {
-    removeSelectedLink(LinkSide::Topic);
+    RunHandler([this] { removeSelectedLink(LinkSide::Topic); });
 }
 
 namespace {

@@ -8,6 +8,7 @@
 #include "shell/keyfilters.h"
 #include "shell/recordnavigation.h"
 #include "shell/recordstatusbar.h"
+#include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 #include <QCheckBox>
@@ -83,52 +84,57 @@ void FrmBookMaintenance::showCurrentRow(int row)
     }
 }
 
+void FrmBookMaintenance::moveWith(void (Recordset::*move)())
+{
+    RunHandler([&] {
+        submitEdits();
+        (books()->*move)();
+        RefreshPosition();
+    });
+}
+
 void FrmBookMaintenance::on_cmdFirst_clicked()
 {
-    submitEdits();
-    books()->moveFirst();
-    RefreshPosition();
+    moveWith(&Recordset::moveFirst);
 }
 
 void FrmBookMaintenance::on_cmdPrevious_clicked()
 {
-    submitEdits();
-    books()->movePrevious();
-    RefreshPosition();
+    moveWith(&Recordset::movePrevious);
 }
 
 void FrmBookMaintenance::on_cmdNext_clicked()
 {
-    submitEdits();
-    books()->moveNext();
-    RefreshPosition();
+    moveWith(&Recordset::moveNext);
 }
 
 void FrmBookMaintenance::on_cmdLast_clicked()
 {
-    submitEdits();
-    books()->moveLast();
-    RefreshPosition();
+    moveWith(&Recordset::moveLast);
 }
 
 // A pick from the lookup's list (and only from its list) brings that book up.
 void FrmBookMaintenance::on_dboBookLkup_activated(int row)
 {
-    submitEdits();
-    Recordset *rs = books();
-    rs->moveFirst();
-    Recordset *lookup = adoBookLkup->recordset();
-    lookup->moveTo(row);
-    rs->find(u"BookID = "_s + lookup->value(u"BookID"_s).toString(), 0, true);
-    RefreshPosition();
+    RunHandler([&] {
+        submitEdits();
+        Recordset *rs = books();
+        rs->moveFirst();
+        Recordset *lookup = adoBookLkup->recordset();
+        lookup->moveTo(row);
+        rs->find(u"BookID = "_s + lookup->value(u"BookID"_s).toString(), 0, true);
+        RefreshPosition();
+    });
 }
 
 void FrmBookMaintenance::onBookMoved()
 {
-    Recordset *rs = books();
-    if (!rs || rs->bof() || rs->eof() || rs->editMode() == Recordset::EditMode::Add)
-        return;
-    loadLinks(rs->value(u"bookid"_s).toString());
+    RunHandler([this] {
+        Recordset *rs = books();
+        if (!rs || rs->bof() || rs->eof() || rs->editMode() == Recordset::EditMode::Add)
+            return;
+        loadLinks(rs->value(u"bookid"_s).toString());
+    });
 }
 
 // Hung on the topic list's record set, not the book's: writing a book does not run it.

@@ -1,18 +1,19 @@
 #include "books/frmbookmaintenance.h"
 
-#include "books/boundfielddelegate.h"
 #include "books/labelprinter.h"
-#include "books/leavecheck.h"
 #include "books/linksides.h"
 #include "data/datacontrol.h"
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
+#include "shell/bounddelegate.h"
 #include "shell/confirmexit.h"
 #include "shell/formregistry.h"
 #include "shell/keyfilters.h"
 #include "shell/mainframe.h"
+#include "shell/mandatoryleavecheck.h"
 #include "shell/msgbox.h"
 #include "shell/recordstatusbar.h"
+#include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 #include <QCloseEvent>
@@ -168,7 +169,7 @@ void FrmBookMaintenance::bindFields()
     ui->cboPublisher->setRowSource(m_publisherRows, u"PublisherName"_s, u"PublisherID"_s);
     m_mapper = new QDataWidgetMapper(this);
     m_mapper->setModel(m_bookRows);
-    m_mapper->setItemDelegate(new BoundFieldDelegate(m_mapper));
+    m_mapper->setItemDelegate(new BoundDelegate(m_mapper));
     m_mapper->setSubmitPolicy(QDataWidgetMapper::ManualSubmit);
     const QList<std::pair<QWidget *, QString>> fields{
         {ui->txtBookID, u"BookID"_s},
@@ -206,7 +207,8 @@ void FrmBookMaintenance::bindFields()
 
 void FrmBookMaintenance::setUpChecks()
 {
-    m_leaveCheck = new LeaveCheck(this, [this](QWidget *field) { return checkField(field); });
+    m_leaveCheck =
+        new MandatoryLeaveCheck(this, [this](QWidget *field) { return checkField(field); });
     const QList<QWidget *> checked{ui->txtDescription, ui->txtPrice, ui->txtPages, ui->cboCover,
                                    ui->cboCondition, ui->cboPublisher, ui->txtWhenPublished};
     for (QWidget *field : checked)
@@ -218,7 +220,7 @@ void FrmBookMaintenance::setUpChecks()
 
 Recordset *FrmBookMaintenance::books() const
 {
-    return adoBook->recordset();
+    return &adoBook->openRecordset();
 }
 
 QString FrmBookMaintenance::connectionString() const
@@ -267,18 +269,19 @@ void FrmBookMaintenance::followWindowState(Qt::WindowStates state)
     const bool active = state & Qt::WindowActive;
     if (active && !m_active) {
         m_active = true;
-        RefreshPosition();
+        RunHandler([this] { RefreshPosition(); });
     }
     m_active = active;
 }
 
 void FrmBookMaintenance::closeEvent(QCloseEvent *event)
 {
-    if (!ConfirmExit(m_mapper, books(), [this] { return applyUpdatesOnExit(); })) {
-        event->ignore();
-        return;
-    }
-    event->accept();
+    // Refused until the pending edit is settled, also when applying it fails.
+    event->ignore();
+    RunHandler([&] {
+        if (ConfirmExit(m_mapper, books(), [this] { return applyUpdatesOnExit(); }))
+            event->accept();
+    });
 }
 
 // "Yes" to Confirm Exit: the row is written before it is checked, in that order.
@@ -321,7 +324,7 @@ bool FrmBookMaintenance::eventFilter(QObject *watched, QEvent *event)
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Delete) {
         for (const LinkSideTexts &side : LinkSides()) {
             if (watched == grid(side.side)) {
-                removeCurrentLink(side.side);
+                RunHandler([&] { removeCurrentLink(side.side); });
                 return true;
             }
         }

@@ -8,8 +8,8 @@
 #include <memory>
 
 class DataControl;
-class LeaveCheck;
 class MainFrame;
+class MandatoryLeaveCheck;
 class QAction;
 class QDataWidgetMapper;
 class QLineEdit;
@@ -88,6 +88,7 @@ private:
     void ShowPosition();
     void showLookupText(const QString &description);
     void submitEdits();
+    void moveWith(void (Recordset::*move)());
     void showCurrentRow(int row);
     void fillEmptyNumbersWithZero();
     void onBookMoved();
@@ -124,7 +125,7 @@ private:
     RecordsetModel *m_lookupRows = nullptr;
     RecordsetModel *m_publisherRows = nullptr;
     QDataWidgetMapper *m_mapper = nullptr;
-    LeaveCheck *m_leaveCheck = nullptr;
+    MandatoryLeaveCheck *m_leaveCheck = nullptr;
     QPointer<QMdiSubWindow> m_subWindow;
     bool m_active = false;
 

@@ -82,6 +82,14 @@ Recordset *DataControl::recordset() const
     return m_recordset.get();
 }
 
+Recordset &DataControl::openRecordset() const
+{
+    if (!m_recordset)
+        throw ProviderError::general(ProviderErrorNumber::ObjectClosed,
+                                     u"Operation is not allowed when the object is closed."_s);
+    return *m_recordset;
+}
+
 bool DataControl::guarded(const std::function<void(Recordset &)> &operation)
 {
     if (!m_recordset)

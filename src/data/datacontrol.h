@@ -37,6 +37,9 @@ public:
 
     // The open record set, or nullptr before the first successful Refresh().
     Recordset *recordset() const;
+    // The open record set; throws ProviderError when there is none, as using a closed record
+    // set does, so that a form whose catalogue refused its rows reports instead of crashing.
+    Recordset &openRecordset() const;
 
     // Runs an operation of the record set on behalf of bound widgets, turning a
     // ProviderError into error(). Answers whether it succeeded.

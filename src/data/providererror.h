@@ -30,6 +30,7 @@ inline constexpr int NotACatalogue = 3343;
 inline constexpr int ReadOnly = 3251;
 inline constexpr int InvalidOperation = 3219;
 inline constexpr int ItemNotFound = 3265;
+inline constexpr int ObjectClosed = 3704;
 // Reported by a data control when a bound record set cannot be fetched; the forms suppress it.
 inline constexpr int FetchFailed = 3661;
 } // namespace ProviderErrorNumber

@@ -4,16 +4,17 @@
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
 #include "data/runtimeerror.h"
-#include "reference/changesonlydelegate.h"
-#include "reference/mandatoryfieldguard.h"
 #include "reference/pickonlycombo.h"
+#include "shell/bounddelegate.h"
 #include "shell/confirmexit.h"
 #include "shell/formregistry.h"
 #include "shell/mandatoryfield.h"
+#include "shell/mandatoryleavecheck.h"
 #include "shell/msgbox.h"
 #include "shell/promptdialog.h"
 #include "shell/recordnavigation.h"
 #include "shell/recordstatusbar.h"
+#include "shell/runtimeerrorreport.h"
 #include "shell/session.h"
 #include "ui_frmreference.h"
 
@@ -54,8 +55,8 @@ ReferenceForm::ReferenceForm(const ReferenceList &list, FormRegistry &forms,
     , m_records(new RecordsetModel(m_adoEdited, this))
     , m_lookupRows(new RecordsetModel(m_adoLookup, this))
     , m_mapper(new QDataWidgetMapper(this))
-    , m_fieldGuard(new MandatoryFieldGuard(
-          [this](QWidget *field) { return checkField(field); }, this))
+    , m_leaveCheck(new MandatoryLeaveCheck(
+          this, [this](QWidget *field) { return checkField(field); }))
 {
     ui->setupUi(this);
     setObjectName(m_list.formName);
@@ -143,7 +144,7 @@ void ReferenceForm::bindFields()
 {
     m_mapper->setModel(m_records);
     m_mapper->setSubmitPolicy(QDataWidgetMapper::ManualSubmit);
-    m_mapper->setItemDelegate(new ChangesOnlyDelegate(m_mapper));
+    m_mapper->setItemDelegate(new BoundDelegate(m_mapper));
     for (const FieldWidget &field : std::as_const(m_fields)) {
         // The key is the catalogue's to assign: shown, never written back.
         if (field.definition->kind != FieldKind::Key)
@@ -157,16 +158,11 @@ void ReferenceForm::watchMandatoryFields()
 {
     for (const FieldWidget &field : std::as_const(m_fields)) {
         if (field.definition->isMandatory())
-            m_fieldGuard->watch(field.widget);
+            m_leaveCheck->watch(field.widget);
     }
-    // Leaving a field for any of these checks it first; cancelling an add, leaving the form
-    // and asking for help never do, so that the user cannot be held in an empty field.
-    const QList<QWidget *> exempt{ui->cmdCancelAdd, ui->cmdExit, ui->cmdHelp};
-    const QList<QWidget *> controls = findChildren<QWidget *>();
-    for (QWidget *control : controls) {
-        if ((control->focusPolicy() & Qt::ClickFocus) && !exempt.contains(control))
-            m_fieldGuard->guard(control);
-    }
+    // Cancelling an add, leaving the form and asking for help never check a field first.
+    for (QWidget *control : {ui->cmdCancelAdd, ui->cmdExit, ui->cmdHelp})
+        m_leaveCheck->exempt(control);
 }
 
 void ReferenceForm::showRow(int row)
@@ -209,7 +205,7 @@ bool ReferenceForm::event(QEvent *event)
     if (event->type() == QEvent::ParentChange)
         followActivation();
     else if (event->type() == QEvent::WindowActivate && isWindow())
-        RefreshPosition();
+        RunHandler([this] { RefreshPosition(); });
     return QWidget::event(event);
 }
 
@@ -221,7 +217,7 @@ void ReferenceForm::followActivation()
     connect(subWindow, &QMdiSubWindow::windowStateChanged, this,
             [this](Qt::WindowStates before, Qt::WindowStates now) {
                 if ((now & Qt::WindowActive) && !(before & Qt::WindowActive))
-                    RefreshPosition();
+                    RunHandler([this] { RefreshPosition(); });
             });
 }
 
@@ -275,9 +271,11 @@ void ReferenceForm::refillLookup()
 // What the user typed reaches the record set before it moves, which writes it.
 void ReferenceForm::moveWith(void (Recordset::*move)())
 {
-    m_mapper->submit();
-    (records().*move)();
-    RefreshPosition();
+    RunHandler([&] {
+        m_mapper->submit();
+        (records().*move)();
+        RefreshPosition();
+    });
 }
 
 void ReferenceForm::on_cmdFirst_clicked()
@@ -302,12 +300,14 @@ void ReferenceForm::on_cmdLast_clicked()
 
 void ReferenceForm::jumpToPicked()
 {
-    const QString picked = ui->cboLookup->boundText().toString();
-    m_mapper->submit();
-    Recordset &rs = records();
-    rs.moveFirst();
-    rs.find(m_list.keyField + u" = "_s + picked, 0, true);
-    RefreshPosition();
+    RunHandler([this] {
+        const QString picked = ui->cboLookup->boundText().toString();
+        m_mapper->submit();
+        Recordset &rs = records();
+        rs.moveFirst();
+        rs.find(m_list.keyField + u" = "_s + picked, 0, true);
+        RefreshPosition();
+    });
 }
 
 void ReferenceForm::ReceivePromptAnswer(int answer)
@@ -326,8 +326,10 @@ bool ReferenceForm::goAhead(PromptKind prompt)
 
 void ReferenceForm::on_cmdAdd_clicked()
 {
-    if (goAhead(PromptKind::AddNew))
-        startNewRecord();
+    RunHandler([this] {
+        if (goAhead(PromptKind::AddNew))
+            startNewRecord();
+    });
 }
 
 void ReferenceForm::startNewRecord()
@@ -367,44 +369,50 @@ bool ReferenceForm::mandatoryFieldsFilled()
 
 void ReferenceForm::on_cmdConfirmAdd_clicked()
 {
-    if (!mandatoryFieldsFilled())
-        return;
-    m_mapper->submit();
-    Recordset &rs = records();
-    rs.move(0);
-    m_newId = toInt16(rs.value(m_list.keyField).toLongLong());
-    rs.requery();
-    m_adoEdited->Refresh();
-    records().find(m_list.keyField + u" = "_s + QString::number(m_newId), 0, true);
-    SetAddMode(false);
-    RefreshPosition();
-    MsgBox(m_list.added.text, Vb::OKOnly, m_list.added.title);
-    refillLookup();
+    RunHandler([this] {
+        if (!mandatoryFieldsFilled())
+            return;
+        m_mapper->submit();
+        Recordset &rs = records();
+        rs.move(0);
+        m_newId = toInt16(rs.value(m_list.keyField).toLongLong());
+        rs.requery();
+        m_adoEdited->Refresh();
+        records().find(m_list.keyField + u" = "_s + QString::number(m_newId), 0, true);
+        SetAddMode(false);
+        RefreshPosition();
+        MsgBox(m_list.added.text, Vb::OKOnly, m_list.added.title);
+        refillLookup();
+    });
 }
 
 void ReferenceForm::on_cmdCancelAdd_clicked()
 {
-    Recordset &rs = records();
-    rs.cancelUpdate();
-    if (m_recordCount > 0)
-        rs.setBookmark(m_savedBookmark);
-    SetAddMode(false);
-    RefreshPosition();
+    RunHandler([this] {
+        Recordset &rs = records();
+        rs.cancelUpdate();
+        if (m_recordCount > 0)
+            rs.setBookmark(m_savedBookmark);
+        SetAddMode(false);
+        RefreshPosition();
+    });
 }
 
 void ReferenceForm::on_cmdDelete_clicked()
 {
-    if (!goAhead(PromptKind::Delete))
-        return;
-    try {
-        removeCurrent();
-    } catch (const ProviderError &error) {
-        refuseDelete(error);
-        return;
-    }
-    RefreshPosition();
-    MsgBox(m_list.removed.text, Vb::OKOnly, m_list.removed.title);
-    refillLookup();
+    RunHandler([this] {
+        if (!goAhead(PromptKind::Delete))
+            return;
+        try {
+            removeCurrent();
+        } catch (const ProviderError &error) {
+            refuseDelete(error);
+            return;
+        }
+        RefreshPosition();
+        MsgBox(m_list.removed.text, Vb::OKOnly, m_list.removed.title);
+        refillLookup();
+    });
 }
 
 // The record after the deleted one becomes current, or the one before it at the end.
@@ -450,13 +458,15 @@ void ReferenceForm::closeEvent(QCloseEvent *event)
 {
     // Refused until the pending edit is settled, also when applying it fails.
     event->ignore();
-    if (!ConfirmExit(m_mapper, m_adoEdited->recordset(), [this] { return applyPendingEdit(); }))
-        return;
-    event->accept();
-    if (m_menuEntry)
-        m_menuEntry->setEnabled(true);
-    if (m_list.refreshesBookPublishers)
-        refreshBookPublishers();
+    RunHandler([&] {
+        if (!ConfirmExit(m_mapper, m_adoEdited->recordset(), [this] { return applyPendingEdit(); }))
+            return;
+        event->accept();
+        if (m_menuEntry)
+            m_menuEntry->setEnabled(true);
+        if (m_list.refreshesBookPublishers)
+            refreshBookPublishers();
+    });
 }
 
 bool ReferenceForm::applyPendingEdit()

@@ -12,7 +12,7 @@
 
 class DataControl;
 class FormRegistry;
-class MandatoryFieldGuard;
+class MandatoryLeaveCheck;
 class QAction;
 class QDataWidgetMapper;
 class RecordStatusBar;
@@ -96,7 +96,7 @@ private:
     RecordsetModel *m_lookupRows;
     QDataWidgetMapper *m_mapper;
     QList<FieldWidget> m_fields;
-    MandatoryFieldGuard *m_fieldGuard;
+    MandatoryLeaveCheck *m_leaveCheck;
     RecordStatusBar *m_stbContents = nullptr;
 
     qint16 m_recordCount = 0;

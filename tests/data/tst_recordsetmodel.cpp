@@ -159,6 +159,7 @@ private Q_SLOTS:
         QCOMPARE(errors.size(), 1);
         QCOMPARE(presented, 1);
         QVERIFY(!adoBook.recordset());
+        QVERIFY_THROWS_EXCEPTION(ProviderError, adoBook.openRecordset());
         connect(&adoBook, &DataControl::error, this,
                 [](int, const QString &, bool *cancelDisplay) { *cancelDisplay = true; });
         adoBook.Refresh();
