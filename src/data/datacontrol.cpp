@@ -62,14 +62,21 @@ void DataControl::Refresh()
     try {
         if (m_recordset && m_recordset->editMode() != Recordset::EditMode::None)
             m_recordset->update();
-        auto connection = std::make_unique<Connection>();
-        connection->open(m_connectionString);
-        auto recordset = Recordset::open(*connection, m_recordSource, m_commandType);
+        // A refresh on the same catalogue keeps its connection: the book form refreshes its
+        // author and topic lists at every move.
+        std::unique_ptr<Connection> connection;
+        if (!m_connection || m_connection->connectionString() != m_connectionString) {
+            connection = std::make_unique<Connection>();
+            connection->open(m_connectionString);
+        }
+        Connection &source = connection ? *connection : *m_connection;
+        auto recordset = Recordset::open(source, m_recordSource, m_commandType);
         connect(recordset.get(), &Recordset::willChangeRecord, this, &DataControl::willChangeRecord);
         connect(recordset.get(), &Recordset::moveComplete, this, &DataControl::moveComplete);
         // The old record set goes before its connection.
         m_recordset = std::move(recordset);
-        m_connection = std::move(connection);
+        if (connection)
+            m_connection = std::move(connection);
         Q_EMIT recordsetChanged();
         Q_EMIT moveComplete();
     } catch (const ProviderError &providerError) {

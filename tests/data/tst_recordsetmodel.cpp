@@ -168,6 +168,20 @@ private Q_SLOTS:
         DataControl::setErrorPresenter({});
     }
 
+    void refreshFollowsANewConnectionString()
+    {
+        auto adoTopic = control(u"select * from tblTopic order by TopicDescription"_s);
+        const int sampleTopics = adoTopic->recordset()->recordCount();
+        adoTopic->Refresh();
+        QCOMPARE(adoTopic->recordset()->recordCount(), sampleTopics);
+        TestCatalogue other(TestCatalogue::Content::Empty);
+        adoTopic->setConnectionString(ConnectionString::forCatalogue(other.path()));
+        adoTopic->Refresh();
+        QCOMPARE(adoTopic->recordset()->recordCount(),
+                 other.scalar(u"select count(*) from tblTopic"_s).toInt());
+        QVERIFY(adoTopic->recordset()->recordCount() != sampleTopics);
+    }
+
     void designTimeStringOpensNothing()
     {
         DataControl adoBook;
