@@ -17,10 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString FormName = u"frmBookMaintenance"_s;
 // Shared by every check, also while an existing book is edited.
 const QString CheckTitle = u"Adding new book"_s;
-constexpr int GoAhead = 6;
 
 struct MandatoryField
 {
@@ -56,9 +54,9 @@ QString textOf(const QWidget *field)
 bool FrmBookMaintenance::PromptWanted(const QString &action) const
 {
     if (action == u"Add")
-        return ::PromptWanted(FormName, PromptKind::AddNew);
+        return ::PromptWanted(objectName(), PromptKind::AddNew);
     if (action == u"Delete")
-        return ::PromptWanted(FormName, PromptKind::Delete);
+        return ::PromptWanted(objectName(), PromptKind::Delete);
     return false;
 }
 
@@ -66,16 +64,16 @@ bool FrmBookMaintenance::PromptWanted(const QString &action) const
 void FrmBookMaintenance::askPrompt(const QString &action)
 {
     if (PromptWanted(action))
-        PromptDialog::Ask(action == u"Add" ? PromptKind::AddNew : PromptKind::Delete, FormName);
+        PromptDialog::Ask(action == u"Add" ? PromptKind::AddNew : PromptKind::Delete, objectName());
     else
-        PromptAnswer = GoAhead;
+        PromptAnswer = PromptDialog::AnswerGoAhead;
 }
 
 void FrmBookMaintenance::on_cmdAdd_clicked()
 {
     RunHandler([this] {
         askPrompt(u"Add"_s);
-        if (PromptAnswer != GoAhead)
+        if (PromptAnswer != PromptDialog::AnswerGoAhead)
             return;
         submitEdits();
         Recordset *rs = books();

@@ -4,22 +4,17 @@
 
 #include "data/datacontrol.h"
 #include "shell/msgbox.h"
+#include "shell/promptdialog.h"
 #include "shell/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int GoAhead = 6;
-
-} // namespace
-
 void FrmBookMaintenance::on_cmdDelete_clicked()
 {
     RunHandler([this] {
         askPrompt(u"Delete"_s);
-        if (PromptAnswer != GoAhead)
+        if (PromptAnswer != PromptDialog::AnswerGoAhead)
             return;
         // A warning, not a question: the last book goes all the same.
         if (BookCount == 1)

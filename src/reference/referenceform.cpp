@@ -31,8 +31,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AnswerGoAhead = 6;
-
 // The author form's delete has always ended the program at once when the catalogue refused,
 // without a word. Nothing is pending then: the refused statement left the file as it was.
 [[noreturn]] void Halt()
@@ -320,8 +318,8 @@ bool ReferenceForm::goAhead(PromptKind prompt)
     if (PromptWanted(m_list.formName, prompt))
         PromptDialog::Ask(prompt, m_list.formName);
     else
-        m_promptAnswer = AnswerGoAhead;
-    return m_promptAnswer == AnswerGoAhead;
+        m_promptAnswer = PromptDialog::AnswerGoAhead;
+    return m_promptAnswer == PromptDialog::AnswerGoAhead;
 }
 
 void ReferenceForm::on_cmdAdd_clicked()

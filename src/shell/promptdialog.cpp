@@ -10,9 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AnswerGoAhead = 6;
-constexpr int AnswerCancel = 7;
-
 QWidget *findForm(const QString &name)
 {
     const QList<QWidget *> widgets = QApplication::allWidgets();

@@ -19,6 +19,10 @@ class PromptDialog : public QDialog
     Q_OBJECT
 
 public:
+    // The answers a calling form receives.
+    static constexpr int AnswerGoAhead = 6;
+    static constexpr int AnswerCancel = 7;
+
     PromptDialog(PromptKind kind, const QString &calledFrom, QWidget *parent = nullptr);
     ~PromptDialog() override;
 
