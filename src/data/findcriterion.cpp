@@ -51,7 +51,7 @@ bool isNumber(const QVariant &v)
 }
 
 // Jet's LIKE: * any run, ? any one character, case ignored.
-bool likeMatches(const QString &value, const QString &pattern)
+QRegularExpression likeExpression(const QString &pattern)
 {
     QString expression;
     for (const QChar c : pattern) {
@@ -62,10 +62,9 @@ bool likeMatches(const QString &value, const QString &pattern)
         else
             expression += QRegularExpression::escape(QString(c));
     }
-    const QRegularExpression re(QRegularExpression::anchoredPattern(expression),
-                                QRegularExpression::CaseInsensitiveOption
-                                    | QRegularExpression::DotMatchesEverythingOption);
-    return re.match(value).hasMatch();
+    return QRegularExpression(QRegularExpression::anchoredPattern(expression),
+                              QRegularExpression::CaseInsensitiveOption
+                                  | QRegularExpression::DotMatchesEverythingOption);
 }
 
 } // namespace
@@ -94,6 +93,8 @@ FindCriterion FindCriterion::parse(const QString &text)
     else if (op == u"like"_s)
         criterion.op = Op::Like;
     criterion.value = literal(m.captured(3), text);
+    if (criterion.op == Op::Like)
+        criterion.likePattern = likeExpression(criterion.value.toString());
     return criterion;
 }
 
@@ -102,7 +103,7 @@ bool FindCriterion::matches(const QVariant &fieldValue) const
     if (fieldValue.isNull())
         return false;
     if (op == Op::Like)
-        return likeMatches(fieldValue.toString(), value.toString());
+        return likePattern.match(fieldValue.toString()).hasMatch();
     int order = 0;
     if (isNumber(value) && isNumber(fieldValue)) {
         const double a = fieldValue.toDouble();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRegularExpression>
 #include <QString>
 #include <QVariant>
 
@@ -12,6 +13,8 @@ struct FindCriterion
     QString field;
     Op op = Op::Equal;
     QVariant value;
+    // For LIKE: the pattern, compiled once rather than for every row compared.
+    QRegularExpression likePattern;
 
     // Throws ProviderError when the text is not such a criterion.
     static FindCriterion parse(const QString &text);
