@@ -1,5 +1,8 @@
 #include "books/bookforms.h"
+#include "figures/figureforms.h"
+#include "printing/printingforms.h"
 #include "reference/registerreferenceforms.h"
+#include "search/searchforms.h"
 #include "shell/application.h"
 #include "shell/mainframe.h"
 
@@ -25,6 +28,9 @@ int main(int argc, char *argv[])
     MainFrame frame;
     RegisterReferenceForms(frame);
     RegisterBookForms(frame);
+    RegisterSearchForms(frame);
+    RegisterFigureForms(frame);
+    RegisterPrintingForms(frame);
     frame.show();
 
     if (parser.isSet(screenshot)) {
