@@ -168,6 +168,8 @@ void FrmBookMaintenance::bindFields()
 
     ui->cboPublisher->setRowSource(m_publisherRows, u"PublisherName"_s, u"PublisherID"_s);
     m_mapper = new QDataWidgetMapper(this);
+    new ExitQuestion(this, m_mapper, [this] { return books(); },
+                     [this] { return applyUpdatesOnExit(); });
     m_mapper->setModel(m_bookRows);
     m_mapper->setItemDelegate(new BoundDelegate(m_mapper));
     m_mapper->setSubmitPolicy(QDataWidgetMapper::ManualSubmit);
@@ -279,7 +281,7 @@ void FrmBookMaintenance::closeEvent(QCloseEvent *event)
     // Refused until the pending edit is settled, also when applying it fails.
     event->ignore();
     RunHandler([&] {
-        if (ConfirmExit(m_mapper, books(), [this] { return applyUpdatesOnExit(); }))
+        if (ExitQuestion::of(this)->settle())
             event->accept();
     });
 }

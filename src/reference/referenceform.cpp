@@ -69,6 +69,8 @@ ReferenceForm::ReferenceForm(const ReferenceList &list, FormRegistry &forms,
     bindDataControls();
     bindFields();
     watchMandatoryFields();
+    new ExitQuestion(this, m_mapper, [this] { return m_adoEdited->recordset(); },
+                     [this] { return applyPendingEdit(); });
     SetAddMode(false);
     connect(ui->cboLookup, &QComboBox::activated, this, &ReferenceForm::jumpToPicked);
     if (m_menuEntry)
@@ -457,7 +459,7 @@ void ReferenceForm::closeEvent(QCloseEvent *event)
     // Refused until the pending edit is settled, also when applying it fails.
     event->ignore();
     RunHandler([&] {
-        if (!ConfirmExit(m_mapper, m_adoEdited->recordset(), [this] { return applyPendingEdit(); }))
+        if (!ExitQuestion::of(this)->settle())
             return;
         event->accept();
         if (m_menuEntry)

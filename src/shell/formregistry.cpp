@@ -1,5 +1,8 @@
 #include "shell/formregistry.h"
 
+#include "shell/confirmexit.h"
+#include "shell/runtimeerrorreport.h"
+
 #include <QAction>
 #include <QLayout>
 #include <QMdiArea>
@@ -124,8 +127,25 @@ bool FormRegistry::unload(QWidget *form)
 
 bool FormRegistry::unloadAll()
 {
+    const QList<QWidget *> forms = loadedForms();
+    // Every form with a pending edit is asked before any form closes, in load order, and
+    // none closes when one of them answers Cancel.
+    QList<ExitQuestion *> asked;
+    for (QWidget *form : forms) {
+        ExitQuestion *question = ExitQuestion::of(form);
+        if (!question)
+            continue;
+        asked.append(question);
+        bool mayClose = false;
+        RunHandler([&] { mayClose = question->askAhead(); });
+        if (!mayClose) {
+            for (ExitQuestion *answered : std::as_const(asked))
+                answered->forget();
+            return false;
+        }
+    }
     bool allGone = true;
-    for (QWidget *form : loadedForms())
+    for (QWidget *form : forms)
         allGone = unload(form) && allGone;
     return allGone;
 }

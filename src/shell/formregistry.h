@@ -44,7 +44,8 @@ public:
 
     // Asks the form to close (its close event may refuse) and answers whether it is gone.
     bool unload(QWidget *form);
-    // Unloads every loaded form in load order; answers whether all of them went.
+    // Unloads every loaded form in load order; answers whether all of them went. A form with
+    // an edit pending is asked about it first, and when one answer is Cancel none is unloaded.
     bool unloadAll();
 
     // Disables the action while the named form stays loaded, and enables it again when the
