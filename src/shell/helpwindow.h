@@ -4,8 +4,10 @@
 
 class HelpBrowser;
 class QHelpEngine;
+class QTabWidget;
 
-// The program's help window: the table of contents of the help file beside the topic shown.
+// The program's help window: the contents, an index of keywords and a full-text search beside
+// the topic shown, with Back and Forward. Its size and place are kept between runs.
 class HelpWindow : public QWidget
 {
     Q_OBJECT
@@ -18,7 +20,17 @@ public:
     // The address of the page shown.
     QUrl currentPage() const;
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
+    void addNavigation();
+    QWidget *contentsPane();
+    QWidget *indexPane();
+    QWidget *searchPane();
+    void restorePlace();
+
     QHelpEngine *m_engine;
     HelpBrowser *m_browser;
+    QTabWidget *m_panes;
 };

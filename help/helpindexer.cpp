@@ -1,0 +1,29 @@
+// Builds the full-text search index of the help collection named on the command line, beside
+// it, so that an installed program whose folder is read-only can still search its help.
+
+#include <QCoreApplication>
+#include <QHelpEngineCore>
+#include <QHelpSearchEngine>
+#include <QTimer>
+
+#include <cstdio>
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 2) {
+        std::fprintf(stderr, "usage: helpindexer COLLECTION.qhc\n");
+        return 2;
+    }
+    QHelpEngineCore engine(arguments.at(1));
+    if (!engine.setupData()) {
+        std::fprintf(stderr, "helpindexer: %s\n", qPrintable(engine.error()));
+        return 2;
+    }
+    QHelpSearchEngine search(&engine);
+    QObject::connect(&search, &QHelpSearchEngine::indexingFinished, &app,
+                     &QCoreApplication::quit);
+    QTimer::singleShot(0, &search, &QHelpSearchEngine::reindexDocumentation);
+    return app.exec();
+}
