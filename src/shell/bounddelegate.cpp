@@ -3,6 +3,7 @@
 #include "shell/datacombo.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 
 namespace {
 
@@ -29,6 +30,9 @@ void BoundDelegate::setEditorData(QWidget *editor, const QModelIndex &index) con
         list->setCurrentIndex(shown.isEmpty() ? -1 : list->findText(shown));
     else
         QStyledItemDelegate::setEditorData(editor, index);
+    // A text box filled by the program shows the start of its text, not the end.
+    if (auto *box = qobject_cast<QLineEdit *>(editor))
+        box->setCursorPosition(0);
 }
 
 void BoundDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,

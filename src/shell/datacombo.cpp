@@ -2,9 +2,15 @@
 
 #include "data/recordsetmodel.h"
 
+using namespace Qt::StringLiterals;
+
 DataCombo::DataCombo(QWidget *parent)
     : QComboBox(parent)
 {
+    // A list of thousands of rows opens as a scrolling list of about twenty, never as a menu
+    // the height of the screen (which some styles make of a combo's list).
+    setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
+    setMaxVisibleItems(VisibleRows);
 }
 
 void DataCombo::setRowSource(RecordsetModel *rows, const QString &listField,

@@ -14,6 +14,9 @@ class DataCombo : public QComboBox
     Q_PROPERTY(QVariant boundText READ boundText WRITE setBoundText USER true)
 
 public:
+    // Rows shown at once when the list is open; longer lists scroll.
+    static constexpr int VisibleRows = 20;
+
     explicit DataCombo(QWidget *parent = nullptr);
 
     void setRowSource(RecordsetModel *rows, const QString &listField, const QString &boundColumn);

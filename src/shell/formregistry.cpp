@@ -78,12 +78,26 @@ QWidget *FormRegistry::show(const QString &name)
     form->show();
     window->show();
     if (auto *subWindow = qobject_cast<QMdiSubWindow *>(window)) {
+        keepInsideArea(subWindow);
         m_area->setActiveSubWindow(subWindow);
     } else {
         window->raise();
         window->activateWindow();
     }
     return form;
+}
+
+// The frame's own placement may put a form partly past its right or bottom edge, hiding its
+// buttons; a form is moved back in as far as the frame's size allows.
+void FormRegistry::keepInsideArea(QMdiSubWindow *subWindow) const
+{
+    const QRect area = m_area->viewport()->rect();
+    QRect placed = subWindow->geometry();
+    placed.moveRight(std::min(placed.right(), area.right()));
+    placed.moveBottom(std::min(placed.bottom(), area.bottom()));
+    placed.moveLeft(std::max(placed.left(), area.left()));
+    placed.moveTop(std::max(placed.top(), area.top()));
+    subWindow->move(placed.topLeft());
 }
 
 QWidget *FormRegistry::find(const QString &name) const

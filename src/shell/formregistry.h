@@ -73,6 +73,7 @@ private:
     };
 
     void place(QWidget *form, Placement placement, Loaded &entry);
+    void keepInsideArea(QMdiSubWindow *subWindow) const;
     qsizetype indexOf(const QObject *key) const;
     void forget(const QObject *key);
 

@@ -107,7 +107,7 @@ MainFrame::MainFrame(QWidget *parent)
     m_catalogueStatus->setObjectName(u"lblCatalogue"_s);
     statusBar()->addWidget(m_catalogueStatus);
     showNoCatalogue();
-    resize(1024, 720);
+    resize(1024, 768);
 
     registerOwnForms();
     connectMenus();

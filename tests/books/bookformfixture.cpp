@@ -101,9 +101,12 @@ void SetBookPrompt(const QString &key, const QString &value)
 
 void TypeInto(QWidget *box, const QString &text)
 {
-    // Notes are typed at their end, where a click after the last line puts the cursor.
+    // Text is typed at its end, where the person first puts the cursor: a box filled by the
+    // form shows its start, with the cursor there.
     if (qobject_cast<QPlainTextEdit *>(box))
         QTest::keyClick(box, Qt::Key_End, Qt::ControlModifier);
+    else if (qobject_cast<QLineEdit *>(box))
+        QTest::keyClick(box, Qt::Key_End);
     QTest::keyClicks(box, text);
 }
 

@@ -57,7 +57,8 @@ QString Shown(const QWidget *form, const QString &control);
 // Whether the prompts of the book form are shown: "Y" or anything else.
 void SetBookPrompt(const QString &key, const QString &value);
 
-// Puts the text into a box as a person types it, so that the box's key filter sees each key.
+// Adds the text at the end of a box as a person types it, so that the box's key filter sees
+// each key.
 void TypeInto(QWidget *box, const QString &text);
 // Empties a text box with the keyboard.
 void ClearWithKeys(QWidget *box);

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void fixedListShowsOnlyWhatItLists();
     void typableListShowsAnyText();
     void browsingWritesNothingAndTickingWritesOne();
+    void aLongTextShowsItsStart();
 };
 
 void TestBoundDelegate::checkBoxShowsTheStoredNumber_data()
@@ -175,6 +176,22 @@ void TestBoundDelegate::browsingWritesNothingAndTickingWritesOne()
     QCOMPARE(catalogue.scalar(u"select Book1stEd"_s + written).toInt(), 1);
     QVERIFY(catalogue.scalar(u"select BookNotes"_s + written).isNull());
     QCOMPARE(catalogue.scalar(u"select BookCondition"_s + written).toString(), u"Foxed"_s);
+}
+
+// Coming back to a book with a title of hundreds of characters shows how the title begins.
+void TestBoundDelegate::aLongTextShowsItsStart()
+{
+    QLineEdit title;
+    title.resize(200, title.sizeHint().height());
+    title.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&title));
+    const QString longTitle = u"A Treatise on the Bindings of the Eighteenth Century, "_s.repeated(8);
+    Binding binding(&title, longTitle);
+    QCOMPARE(title.text(), longTitle);
+    QCOMPARE(title.cursorPosition(), 0);
+    title.setCursorPosition(longTitle.size());
+    binding.mapper.toFirst();
+    QCOMPARE(title.cursorPosition(), 0);
 }
 
 SHELVANE_TEST_MAIN(TestBoundDelegate)

@@ -4,7 +4,10 @@
 #include "shell/datacombo.h"
 #include "support/testcatalogue.h"
 
+#include <QAbstractItemView>
 #include <QDataWidgetMapper>
+#include <QScrollBar>
+#include <QSqlQuery>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +73,32 @@ private Q_SLOTS:
         book->moveNext();
         QCOMPARE(m_catalogue->scalar(u"select BookPublisherId from tblBook where BookID = "_s + id).toString(),
                  chosen);
+    }
+
+    void aLongListOpensAsAScrollingListOfTwentyRows()
+    {
+        QSqlQuery insert(m_catalogue->db());
+        insert.prepare(u"insert into tblPublisher (PublisherName) values (?)"_s);
+        for (int i = 0; i < 2000; ++i) {
+            insert.addBindValue(u"Publisher %1"_s.arg(i, 4, 10, QChar(u'0')));
+            QVERIFY(insert.exec());
+        }
+        auto adoPublisher = control(u"select * from tblPublisher order by PublisherName"_s);
+        RecordsetModel publishers(adoPublisher.get());
+        DataCombo cboPublisher;
+        cboPublisher.setRowSource(&publishers, u"PublisherName"_s, u"PublisherID"_s);
+        cboPublisher.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&cboPublisher));
+        cboPublisher.showPopup();
+        QAbstractItemView *list = cboPublisher.view();
+        QTRY_VERIFY(list->isVisible());
+        const int row = list->sizeHintForRow(0);
+        QVERIFY(row > 0);
+        QVERIFY2(list->window()->height() <= 22 * row,
+                 qPrintable(u"%1 px for rows of %2 px"_s.arg(list->window()->height()).arg(row)));
+        QVERIFY(list->window()->height() >= 15 * row);
+        QVERIFY(list->verticalScrollBar()->isVisible());
+        cboPublisher.hidePopup();
     }
 };
 

@@ -1,0 +1,42 @@
+// Where the maintenance forms open: wholly inside the visible part of the frame, at the
+// frame's default size, with every button in sight.
+
+#include "referencecases.h"
+#include "shell/formregistry.h"
+#include "shell/mainframe.h"
+#include "support/testenvironment.h"
+#include "support/testmain.h"
+
+#include <QMdiArea>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestPlacement : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFormOpensInsideTheFrame()
+    {
+        TestEnvironment::clearSettings();
+        CatalogueOpener opener(RegisterReferenceForms);
+        QVERIFY2(opener.problems().isEmpty(), qPrintable(opener.problems()));
+        MainFrame &frame = opener.frame();
+        QCOMPARE(frame.size(), QSize(1024, 768));
+        QVERIFY(QTest::qWaitForWindowExposed(&frame));
+        const QRect visible = frame.mdiArea()->viewport()->rect();
+        // Opened one after another, each placed by the frame beside those already open.
+        for (const QString &name : {u"frmAuthor"_s, u"frmTopic"_s, u"frmPublisher"_s}) {
+            QWidget *form = openForm(formCase(name));
+            QVERIFY(form);
+            const QRect placed = frame.forms().windowOf(form)->geometry();
+            QVERIFY2(visible.contains(placed),
+                     qPrintable(name + u" at %1,%2 %3x%4"_s.arg(placed.x()).arg(placed.y())
+                                           .arg(placed.width()).arg(placed.height())));
+        }
+    }
+};
+
+SHELVANE_TEST_MAIN(TestPlacement)
+#include "tst_placement.moc"
