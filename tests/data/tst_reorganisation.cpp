@@ -5,6 +5,7 @@
 
 #include "cataloguedamage.h"
 #include "../tools/snapshot.h"
+#include "catalogueprobe.h"
 
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
@@ -35,21 +36,6 @@ Q_DECLARE_METATYPE(Reorganisation::Step)
 Q_DECLARE_METATYPE(HeldCatalogue::Lock)
 
 namespace {
-
-QStringList rowsOf(const QString &path)
-{
-    ScopedDatabase catalogue(path, ScopedDatabase::Mode::ReadOnly);
-    return rowDump(catalogue.db());
-}
-
-qint64 scalarOf(const QString &path, const QString &sql)
-{
-    ScopedDatabase catalogue(path, ScopedDatabase::Mode::ReadOnly);
-    QSqlQuery query(catalogue.db());
-    if (!query.exec(sql) || !query.next())
-        return -1;
-    return query.value(0).toLongLong();
-}
 
 // A catalogue of 500 made-up books in a folder of its own, and a backup path in another.
 class Files
@@ -176,10 +162,7 @@ void TestReorganisation::reorganisedCatalogueIsSmallerAndWhole()
 void TestReorganisation::leftoverBackupIsReplaced()
 {
     Files files;
-    QFile leftover(files.backup());
-    QVERIFY(leftover.open(QIODevice::WriteOnly));
-    leftover.write("the backup of an earlier run");
-    leftover.close();
+    QVERIFY(writeFile(files.backup(), "the backup of an earlier run"));
     QStringList backupProblems{u"not looked at"_s};
     const auto watch = [&](Step step) {
         if (step == Step::BackupWritten)
@@ -198,10 +181,7 @@ void TestReorganisation::leftoverBackupIsReplaced()
 void TestReorganisation::leftoverNewFileIsReplaced()
 {
     Files files;
-    QFile leftover(files.newFile());
-    QVERIFY(leftover.open(QIODevice::WriteOnly));
-    leftover.write("half a compacted catalogue");
-    leftover.close();
+    QVERIFY(writeFile(files.newFile(), "half a compacted catalogue"));
 
     const auto result = Reorganisation::reorganiseCatalogue(files.catalogue(), files.backup());
 
@@ -246,9 +226,7 @@ void TestReorganisation::backupFolderThatIsAFile()
 {
     Files files;
     const QString notAFolder = files.root() + u"/file"_s;
-    QFile blocker(notAFolder);
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
+    QVERIFY(writeFile(notAFolder, {}));
 
     const auto result = Reorganisation::reorganiseCatalogue(
         files.catalogue(), notAFolder + u"/QuireshelfBackUp.mdb"_s);

@@ -3,6 +3,7 @@
 
 #include "../data/cataloguedamage.h"
 #include "../tools/snapshot.h"
+#include "../data/catalogueprobe.h"
 
 #include "books/bookforms.h"
 #include "catalogue/scopeddatabase.h"
@@ -77,21 +78,6 @@ ModalExpectation notReorganised(const QString &screenshot, const QString &text)
                                                         QMessageBox::Warning, {u"OK"_s}, u"OK"_s);
     expected.act = [screenshot](QWidget *box) { SaveScreenshot(box, screenshot); };
     return expected;
-}
-
-qint64 scalarOf(const QString &path, const QString &sql)
-{
-    ScopedDatabase catalogue(path, ScopedDatabase::Mode::ReadOnly);
-    QSqlQuery query(catalogue.db());
-    if (!query.exec(sql) || !query.next())
-        return -1;
-    return query.value(0).toLongLong();
-}
-
-QStringList rowsOf(const QString &path)
-{
-    ScopedDatabase catalogue(path, ScopedDatabase::Mode::ReadOnly);
-    return rowDump(catalogue.db());
 }
 
 } // namespace
@@ -270,10 +256,7 @@ void TestCompaction::aboutBoxStopsIt()
 void TestCompaction::leftoverBackupIsDeletedFirst()
 {
     QVERIFY(QDir().mkpath(QFileInfo(CompactionBackupPath()).absolutePath()));
-    QFile leftover(CompactionBackupPath());
-    QVERIFY(leftover.open(QIODevice::WriteOnly));
-    leftover.write("left by an earlier compaction");
-    leftover.close();
+    QVERIFY(writeFile(CompactionBackupPath(), "left by an earlier compaction"));
     const QStringList rows = rowsOf(path());
 
     m_responder->expect(question(u"Yes"_s));
@@ -346,9 +329,7 @@ void TestCompaction::backupFolderNotWritable()
     const QString folder = QFileInfo(CompactionBackupPath()).absolutePath();
     QDir(folder).removeRecursively();
     QVERIFY(QDir().mkpath(QFileInfo(folder).absolutePath()));
-    QFile blocker(folder);
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
+    QVERIFY(writeFile(folder, {}));
     const QByteArray before = fileFingerprint(path());
 
     m_responder->expect(question(u"Yes"_s));
