@@ -11,6 +11,8 @@
 #include "reference/registerreferenceforms.h"
 #include "shell/compaction.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
+#include "shell/helpwindow.h"
 #include "shell/mainframe.h"
 #include "support/catalogueopener.h"
 #include "support/finders.h"
@@ -27,6 +29,7 @@
 #include <QSignalSpy>
 #include <QSqlQuery>
 #include <QTest>
+#include <QTextBrowser>
 
 #include <memory>
 
@@ -100,6 +103,7 @@ private Q_SLOTS:
     void damagedCatalogueIsLeftAlone();
     void backupFolderNotWritable();
     void catalogueFolderNotWritable();
+    void helpTopicTellsWhatEachMessageAsks();
 
 private:
     MainFrame &frame() const { return m_opener->frame(); }
@@ -375,6 +379,27 @@ void TestCompaction::catalogueFolderNotWritable()
 
     QCOMPARE(fileFingerprint(path()), before);
     QCOMPARE(rowsOf(CompactionBackupPath()), rows);
+}
+
+void TestCompaction::helpTopicTellsWhatEachMessageAsks()
+{
+    // The help file's number of the compaction topic.
+    constexpr int CompactionTopic = 22;
+    ShowHelpTopic(CompactionTopic);
+    QWidget *window = FindForm(u"HelpWindow"_s);
+    QVERIFY(window && QTest::qWaitForWindowExposed(window));
+    const auto *page = FindControl<QTextBrowser>(window, u"helpBrowser"_s);
+    QTRY_COMPARE(page->documentTitle(), u"Compacting the catalogue"_s);
+    const QString text = page->toPlainText();
+    for (const QString &said :
+         {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
+          u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
+          u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
+          u"The re-organised copy could not be written beside"_s})
+        QVERIFY2(text.contains(said), qPrintable(said));
+    window->resize(760, 900);
+    QVERIFY(!SaveScreenshot(window, u"HelpWindow-compact"_s).isEmpty());
+    window->close();
 }
 
 SHELVANE_TEST_MAIN(TestCompaction)
