@@ -115,7 +115,8 @@ MainFrame::MainFrame(QWidget *parent)
     connectMenus();
     connectWindowMenu();
     connectHelpMenu();
-    setCommand(u"mnuFileCompactDatabase"_s, [this] { RunHandler([this] { CompactDatabase(*this); }); });
+    setCommand(u"mnuFileCompactDatabase"_s,
+               [this] { RunHandler([this] { CompactDatabase(*this); }); });
     connect(m_toolbar, &FrameToolbar::buttonClicked, this, &MainFrame::onToolbarButton);
     connect(m_toolbar, &FrameToolbar::dropDownItemClicked, this, &MainFrame::onDropDownItem);
 }
