@@ -166,10 +166,7 @@ void FrmOpen::openCatalogue(const QString &path)
     session.strCataloguePath = path;
     MsgBox(u"Quireshelf Sucessfully opened"_s, Vb::OKOnly, u"Shelvane"_s);
     try {
-        session.cnnCatalogue = std::make_unique<Connection>();
-        session.cnnCatalogue->open(session.connectionString(), QString(), QString());
-        // Prepared out of sight; the books command brings it up.
-        m_frame.forms().load(u"frmBookMaintenance"_s);
+        m_frame.connectCatalogue();
         session.setPriceFormat(QLocale());
         m_frame.showCatalogueName(catalogueName(*session.cnnCatalogue));
     } catch (const ProviderError &error) {

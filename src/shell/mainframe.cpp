@@ -2,6 +2,7 @@
 
 #include "data/providererror.h"
 #include "data/runtimeerror.h"
+#include "shell/compaction.h"
 #include "shell/formregistry.h"
 #include "shell/frametoolbar.h"
 #include "shell/frmabout.h"
@@ -11,6 +12,7 @@
 #include "shell/msgbox.h"
 #include "shell/printlist.h"
 #include "shell/promptpreference.h"
+#include "shell/runtimeerrorreport.h"
 #include "shell/toolbaricons.h"
 
 #include <QAction>
@@ -113,6 +115,8 @@ MainFrame::MainFrame(QWidget *parent)
     connectMenus();
     connectWindowMenu();
     connectHelpMenu();
+    setCommand(u"mnuFileCompactDatabase"_s,
+               [this] { RunHandler([this] { CompactDatabase(*this); }); });
     connect(m_toolbar, &FrameToolbar::buttonClicked, this, &MainFrame::onToolbarButton);
     connect(m_toolbar, &FrameToolbar::dropDownItemClicked, this, &MainFrame::onDropDownItem);
 }
@@ -225,6 +229,14 @@ void MainFrame::closeCatalogue()
            Vb::OKOnly | Vb::Information, u"Close Catalogue"_s);
     m_session.clear();
     showNoCatalogue();
+}
+
+void MainFrame::connectCatalogue()
+{
+    m_session.cnnCatalogue = std::make_unique<Connection>();
+    m_session.cnnCatalogue->open(m_session.connectionString(), QString(), QString());
+    // Prepared out of sight; the books command brings it up.
+    m_forms->load(u"frmBookMaintenance"_s);
 }
 
 void MainFrame::closeEvent(QCloseEvent *event)

@@ -44,6 +44,14 @@ public:
     void openCatalogue();
     // File › Close Catalogue.
     void closeCatalogue();
+    // Opens the shared connection on the session's catalogue and loads the book form hidden,
+    // as opening a catalogue does and as compaction does again afterwards.
+    void connectCatalogue();
+
+Q_SIGNALS:
+    // Every connection to the catalogue must close now (compaction is about to replace the
+    // file); the shared connection closes right after.
+    void closingConnections();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
