@@ -100,11 +100,7 @@ FrmBookMaintenance::FrmBookMaintenance(MainFrame &frame, QWidget *parent)
     setUpChecks();
 }
 
-FrmBookMaintenance::~FrmBookMaintenance()
-{
-    if (m_mnuBooks)
-        m_mnuBooks->setEnabled(true);
-}
+FrmBookMaintenance::~FrmBookMaintenance() = default;
 
 DataControl *FrmBookMaintenance::addDataControl(const QString &name, const QString &recordSource)
 {
@@ -279,8 +275,13 @@ void FrmBookMaintenance::closeEvent(QCloseEvent *event)
     // Refused until the pending edit is settled, also when applying it fails.
     event->ignore();
     RunHandler([&] {
-        if (ConfirmExit(m_mapper, books(), [this] { return applyUpdatesOnExit(); }))
-            event->accept();
+        if (!ConfirmExit(m_mapper, books(), [this] { return applyUpdatesOnExit(); }))
+            return;
+        event->accept();
+        // Given back at the close, not at the deletion that follows later: a search reloads
+        // the form at once, and the new form has taken the entry by then.
+        if (m_mnuBooks)
+            m_mnuBooks->setEnabled(true);
     });
 }
 

@@ -27,13 +27,10 @@ namespace {
 const QString FormName = u"frmSearch"_s;
 const QString BookFormName = u"frmBookMaintenance"_s;
 
-// A locked input shows its text but takes none; a lookup cannot be opened either.
+// A locked input takes no typing or picking, and looks it.
 void setLocked(QWidget *input, bool locked)
 {
-    if (auto *box = qobject_cast<QLineEdit *>(input))
-        box->setReadOnly(locked);
-    else
-        input->setEnabled(!locked);
+    input->setEnabled(!locked);
 }
 
 void empty(QWidget *input)

@@ -52,6 +52,21 @@ void SearchFormFixture::pick(const QString &lookup, const QString &text)
     PickFromList(FindControl(search(), lookup), text);
 }
 
+void SearchFormFixture::apply(const QString &step)
+{
+    const QString action = step.section(u' ', 0, 0);
+    const QString control = step.section(u' ', 1, 1);
+    const QString text = step.section(u' ', 2);
+    if (action == u"tick")
+        click(control);
+    else if (action == u"type")
+        type(control, text);
+    else if (action == u"pick")
+        pick(control, text);
+    else
+        QFAIL(qPrintable(u"Unknown step "_s + step));
+}
+
 QString SearchFormFixture::pressSearch(const QList<ModalExpectation> &expected)
 {
     for (const ModalExpectation &expectation : expected)

@@ -22,6 +22,8 @@ public:
     // Types into a box of the search form key by key, so that its key filter runs.
     void type(const QString &box, const QString &text);
     void pick(const QString &lookup, const QString &text);
+    // One of the above written as a step: "tick chkX", "type txtX text", "pick dboX entry".
+    void apply(const QString &step);
     // Presses Search, answering the windows it brings up; answers what went wrong.
     QString pressSearch(const QList<ModalExpectation> &expected);
 

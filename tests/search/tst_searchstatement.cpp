@@ -24,7 +24,7 @@ const QString TopicJoin = u" tblBook.BookID = tblBookTopic.BookID and tblBookTop
 const QString PublisherTables = u" ,tblPublisher "_s;
 const QString PublisherJoin = u" tblBook.BookPublisherID = tblPublisher.PublisherID"_s;
 
-// One step of setting the criteria: "tick chkX", "type txtX text", "pick dboX entry".
+// The steps of setting the criteria, as SearchFormFixture::apply() takes them.
 using Steps = QStringList;
 
 } // namespace
@@ -35,21 +35,6 @@ class TestSearchStatement : public QObject
 
 private:
     std::unique_ptr<SearchFormFixture> m_fixture;
-
-    void apply(const QString &step)
-    {
-        const QString action = step.section(u' ', 0, 0);
-        const QString control = step.section(u' ', 1, 1);
-        const QString text = step.section(u' ', 2);
-        if (action == u"tick")
-            m_fixture->click(control);
-        else if (action == u"type")
-            m_fixture->type(control, text);
-        else if (action == u"pick")
-            m_fixture->pick(control, text);
-        else
-            QFAIL(qPrintable(u"Unknown step "_s + step));
-    }
 
 private Q_SLOTS:
     void initTestCase()
@@ -163,7 +148,7 @@ private Q_SLOTS:
         QVERIFY(m_fixture->openSearch());
         Click(FindControl(m_fixture->search(), u"cmdReset"_s));
         for (const QString &step : std::as_const(steps))
-            apply(step);
+            m_fixture->apply(step);
         QCOMPARE(SearchStatement(m_fixture->search()->criteria()), statement);
 
         const QStringList selected = m_fixture->keysOf(statement);
