@@ -135,10 +135,14 @@ void FrmBookMaintenance::bindDataControls()
     connect(adoTopic, &DataControl::willChangeRecord, this,
             &FrmBookMaintenance::fillEmptyNumbersWithZero);
 
+    // In filtered mode the book's two controls are opened once, on the hits, by
+    // enterFilteredMode(): reading every book first would double the load on a large catalogue.
+    const bool filtered = m_frame.session().BookFilterPending;
     for (const DataControlSource &source : dataControlSources()) {
         DataControl *control = controls.value(source.name);
         control->setConnectionString(connectionString());
-        control->Refresh();
+        if (!filtered || (control != adoBook && control != adoBookLkup))
+            control->Refresh();
     }
 }
 
