@@ -74,9 +74,8 @@ FrmSearch::FrmSearch(MainFrame &frame, QWidget *parent)
 
 FrmSearch::~FrmSearch() = default;
 
-DataControl *FrmSearch::addLookup(const QString &name, const QString &recordSource,
-                                  DataCombo *combo, const QString &listField,
-                                  const QString &boundColumn)
+void FrmSearch::addLookup(const QString &name, const QString &recordSource, DataCombo *combo,
+                          const QString &listField, const QString &boundColumn)
 {
     auto *control = new DataControl(this);
     control->setObjectName(name);
@@ -85,7 +84,6 @@ DataControl *FrmSearch::addLookup(const QString &name, const QString &recordSour
     control->setConnectionString(m_frame.session().connectionString());
     control->Refresh();
     combo->setRowSource(rows, listField, boundColumn);
-    return control;
 }
 
 void FrmSearch::setUpCriteria()

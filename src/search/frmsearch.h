@@ -9,7 +9,6 @@
 
 class Connection;
 class DataCombo;
-class DataControl;
 class MainFrame;
 class QCheckBox;
 namespace Ui {
@@ -50,8 +49,9 @@ private:
         QList<QWidget *> inputs;
     };
 
-    DataControl *addLookup(const QString &name, const QString &recordSource, DataCombo *combo,
-                           const QString &listField, const QString &boundColumn);
+    // A lookup combo listing the rows its own data control reads from the catalogue.
+    void addLookup(const QString &name, const QString &recordSource, DataCombo *combo,
+                   const QString &listField, const QString &boundColumn);
     void setUpCriteria();
     void Search();
     void copyHits(Connection &connection, const QString &statement);

@@ -4,6 +4,7 @@
 #include "searchformfixture.h"
 
 #include "books/frmbookmaintenance.h"
+#include "data/datacontrol.h"
 #include "search/frmsearch.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
@@ -11,6 +12,7 @@
 #include "support/screenshot.h"
 #include "support/testmain.h"
 
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -130,10 +132,22 @@ private Q_SLOTS:
         QVERIFY(area.contains(form->parentWidget()->geometry()));
     }
 
-    void lookupsListTheCatalogueInOrder()
+    void lookupsBoundToTheCatalogueInOrder()
     {
         SearchFormFixture fixture;
         FrmSearch *form = fixture.openSearch();
+        QStringList controls;
+        for (const DataControl *control : form->findChildren<DataControl *>(Qt::FindDirectChildrenOnly)) {
+            controls << control->objectName() + u": "_s + control->recordSource();
+            QCOMPARE(control->connectionString(),
+                     u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + fixture.catalogue().path()
+                         + u";Persist Security Info=False"_s);
+            QVERIFY(control->recordset());
+        }
+        QCOMPARE(controls,
+                 QStringList({u"adoAuthorLkup: select * from tblauthor order by authorsurname"_s,
+                              u"adoPublisherLkup: select * from tblpublisher order by publishername"_s,
+                              u"adoTopicLkup: select * from tbltopic order by topicdescription"_s}));
         const QList<std::pair<QString, QString>> lookups{
             {u"dboAuthorLkup"_s, u"select AuthorSurname from tblAuthor order by AuthorSurname"_s},
             {u"dboTopicLkup"_s,
@@ -144,6 +158,8 @@ private Q_SLOTS:
         for (const auto &[name, query] : lookups) {
             auto *lookup = FindControl<QComboBox>(form, name);
             QVERIFY(lookup);
+            QAbstractItemModelTester tester(lookup->model(),
+                                            QAbstractItemModelTester::FailureReportingMode::QtTest);
             QCOMPARE(lookup->count(), fixture.rows(query));
             QCOMPARE(lookup->itemText(0), fixture.catalogue().scalar(query).toString());
             QCOMPARE(lookup->currentText(), QString());
