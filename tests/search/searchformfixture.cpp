@@ -67,6 +67,12 @@ void SearchFormFixture::apply(const QString &step)
         QFAIL(qPrintable(u"Unknown step "_s + step));
 }
 
+void SearchFormFixture::apply(const QStringList &steps)
+{
+    for (const QString &step : steps)
+        apply(step);
+}
+
 QString SearchFormFixture::pressSearch(const QList<ModalExpectation> &expected)
 {
     for (const ModalExpectation &expectation : expected)

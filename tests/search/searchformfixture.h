@@ -24,6 +24,7 @@ public:
     void pick(const QString &lookup, const QString &text);
     // One of the above written as a step: "tick chkX", "type txtX text", "pick dboX entry".
     void apply(const QString &step);
+    void apply(const QStringList &steps);
     // Presses Search, answering the windows it brings up; answers what went wrong.
     QString pressSearch(const QList<ModalExpectation> &expected);
 

@@ -170,16 +170,10 @@ private Q_SLOTS:
     {
         SearchFormFixture fixture;
         FrmSearch *form = fixture.openSearch();
-        fixture.click(u"chkTitle"_s);
-        fixture.type(u"txtTitle"_s, u"war*"_s);
-        fixture.click(u"chkAuthor"_s);
-        fixture.pick(u"dboAuthorLkup"_s, u"Tolstoy"_s);
-        fixture.click(u"chkPrice"_s);
-        fixture.type(u"txtPriceFrom"_s, u"10"_s);
-        fixture.type(u"txtPriceTo"_s, u"200"_s);
-        fixture.click(u"chkDate"_s);
-        fixture.type(u"txtDateFrom"_s, u"1850"_s);
-        fixture.type(u"txtDateTo"_s, u"1950"_s);
+        fixture.apply({u"tick chkTitle"_s, u"type txtTitle war*"_s, u"tick chkAuthor"_s,
+                       u"pick dboAuthorLkup Tolstoy"_s, u"tick chkPrice"_s,
+                       u"type txtPriceFrom 10"_s, u"type txtPriceTo 200"_s, u"tick chkDate"_s,
+                       u"type txtDateFrom 1850"_s, u"type txtDateTo 1950"_s});
         QVERIFY(!SaveScreenshot(form->parentWidget(), u"search-criteria-ticked"_s).isEmpty());
         SaveScreenshot(&fixture.frame(), u"search-in-frame"_s);
     }
@@ -205,12 +199,9 @@ private Q_SLOTS:
     {
         SearchFormFixture fixture;
         FrmSearch *form = fixture.openSearch();
-        fixture.click(u"chkAuthor"_s);
-        fixture.pick(u"dboAuthorLkup"_s, u"Dickens"_s);
-        fixture.type(u"txtAuthor"_s, u"Dick*"_s);
-        fixture.click(u"chkPrice"_s);
-        fixture.type(u"txtPriceFrom"_s, u"5"_s);
-        fixture.type(u"txtPriceTo"_s, u"9"_s);
+        fixture.apply({u"tick chkAuthor"_s, u"pick dboAuthorLkup Dickens"_s,
+                       u"type txtAuthor Dick*"_s, u"tick chkPrice"_s, u"type txtPriceFrom 5"_s,
+                       u"type txtPriceTo 9"_s});
         QCOMPARE(Shown(form, u"dboAuthorLkup"_s), u"Dickens"_s);
 
         fixture.click(u"chkAuthor"_s);
@@ -227,12 +218,9 @@ private Q_SLOTS:
     {
         SearchFormFixture fixture;
         FrmSearch *form = fixture.openSearch();
-        fixture.click(u"chkTitle"_s);
-        fixture.type(u"txtTitle"_s, u"war*"_s);
-        fixture.click(u"chkTopic"_s);
-        fixture.pick(u"dboTopicLkup"_s, u"Fiction"_s);
-        fixture.click(u"chkDate"_s);
-        fixture.type(u"txtDateFrom"_s, u"1900"_s);
+        fixture.apply({u"tick chkTitle"_s, u"type txtTitle war*"_s, u"tick chkTopic"_s,
+                       u"pick dboTopicLkup Fiction"_s, u"tick chkDate"_s,
+                       u"type txtDateFrom 1900"_s});
         Click(FindControl(form, u"cmdReset"_s));
         for (const auto &[box, inputs] : criteria()) {
             QVERIFY2(!FindControl<QCheckBox>(form, box)->isChecked(), qPrintable(box));
@@ -453,8 +441,7 @@ private Q_SLOTS:
         QFETCH(QString, report);
         SearchFormFixture fixture;
         FrmSearch *form = fixture.openSearch();
-        for (const QString &step : std::as_const(steps))
-            fixture.apply(step);
+        fixture.apply(steps);
         fixture.setHits({u"2"_s, u"4"_s});
         const QString answered = fixture.pressSearch({RuntimeErrorReport(report)});
         QVERIFY2(answered.isEmpty(), qPrintable(answered));

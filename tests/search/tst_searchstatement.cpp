@@ -147,8 +147,7 @@ private Q_SLOTS:
         QFETCH(QString, statement);
         QVERIFY(m_fixture->openSearch());
         Click(FindControl(m_fixture->search(), u"cmdReset"_s));
-        for (const QString &step : std::as_const(steps))
-            m_fixture->apply(step);
+        m_fixture->apply(steps);
         QCOMPARE(SearchStatement(m_fixture->search()->criteria()), statement);
 
         const QStringList selected = m_fixture->keysOf(statement);
