@@ -2,11 +2,11 @@
 // to the next book, beside the time SQLite itself takes for the statements behind each.
 
 #include "benchcatalogue.h"
+#include "bookformstatements.h"
 
 #include "books/bookforms.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
-#include "data/jetsql.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/recordstatusbar.h"
@@ -16,7 +16,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QSqlQuery>
-#include <QSqlRecord>
 
 #include <algorithm>
 #include <cstdio>
@@ -25,41 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The statements the form runs when it loads, in its order, and those that list one book's
-// authors and topics (followed by the book's number).
-const QStringList loadStatements{
-    u"select * from tblauthor order by authorsurname"_s,
-    u"select tblauthor.authorid, tblauthor.authorfirstname, tblauthor.authorsurname from tblauthor "
-    "inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid"_s,
-    u"Select tblbooktopic.topicId, tblbooktopic.BookId, tbltopic.topicdescription, "
-    "tbltopic.topicnotes  from tbltopic inner join tblbooktopic on tblbooktopic.topicid = "
-    "tbltopic.topicid  "_s,
-    u"select * from tblBook order by bookdescription"_s,
-    u"select BookID,bookdescription from tblbook order by bookdescription"_s,
-    u"select * from tblPublisher order by PublisherName"_s,
-};
-const QStringList linkStatements{
-    u"Select tblbooktopic.topicid,tblbooktopic.BookId, tbltopic.topicdescription, "
-    "tbltopic.topicnotes from tbltopic inner join tblbooktopic on tblbooktopic.topicid = "
-    "tbltopic.topicid where tblbooktopic.bookid = "_s,
-    u"select tblauthor.authorid, tblauthor.authorfirstname, tblauthor.authorsurname from tblauthor "
-    "inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid where "
-    "tblbookauthor.bookid = "_s,
-};
-
-// Every value of every row, forward only: the least any record set must do.
-void readAll(const QSqlDatabase &db, const QString &statement)
-{
-    QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.exec(JetSql::toSqlite(statement));
-    const int columns = query.record().count();
-    while (query.next()) {
-        for (int c = 0; c < columns; ++c)
-            query.value(c);
-    }
-}
 
 QString bookAt(const QSqlDatabase &db, int position)
 {
@@ -114,10 +78,10 @@ int main(int argc, char **argv)
     std::printf("%s\n", qPrintable(positionShown(form)));
     const QString firstBook = bookAt(db, 1);
     const double rawShowMs = bestMilliseconds(3, [&] {
-        for (const QString &statement : loadStatements)
-            readAll(db, statement);
-        for (const QString &statement : linkStatements)
-            readAll(db, statement + firstBook);
+        for (const QString &statement : BookFormLoadStatements())
+            ReadAll(db, statement);
+        for (const QString &statement : BookFormLinkStatements())
+            ReadAll(db, statement + firstBook);
     });
     reportFigure("Books command to the first book shown", showMs, rawShowMs, "ms");
 
@@ -130,8 +94,8 @@ int main(int argc, char **argv)
     std::printf("%s\n", qPrintable(positionShown(form)));
     const QString nextBook = bookAt(db, position);
     const double rawNextMs = bestMilliseconds(5, [&] {
-        for (const QString &statement : linkStatements)
-            readAll(db, statement + nextBook);
+        for (const QString &statement : BookFormLinkStatements())
+            ReadAll(db, statement + nextBook);
     });
     reportFigure("Next, to the next book shown", nextMs, rawNextMs, "ms");
     return 0;

@@ -100,11 +100,7 @@ FrmBookMaintenance::FrmBookMaintenance(MainFrame &frame, QWidget *parent)
     setUpChecks();
 }
 
-FrmBookMaintenance::~FrmBookMaintenance()
-{
-    if (m_mnuBooks)
-        m_mnuBooks->setEnabled(true);
-}
+FrmBookMaintenance::~FrmBookMaintenance() = default;
 
 DataControl *FrmBookMaintenance::addDataControl(const QString &name, const QString &recordSource)
 {
@@ -139,10 +135,14 @@ void FrmBookMaintenance::bindDataControls()
     connect(adoTopic, &DataControl::willChangeRecord, this,
             &FrmBookMaintenance::fillEmptyNumbersWithZero);
 
+    // In filtered mode the book's two controls are opened once, on the hits, by
+    // enterFilteredMode(): reading every book first would double the load on a large catalogue.
+    const bool filtered = m_frame.session().BookFilterPending;
     for (const DataControlSource &source : dataControlSources()) {
         DataControl *control = controls.value(source.name);
         control->setConnectionString(connectionString());
-        control->Refresh();
+        if (!filtered || (control != adoBook && control != adoBookLkup))
+            control->Refresh();
     }
 }
 
@@ -281,8 +281,13 @@ void FrmBookMaintenance::closeEvent(QCloseEvent *event)
     // Refused until the pending edit is settled, also when applying it fails.
     event->ignore();
     RunHandler([&] {
-        if (ExitQuestion::of(this)->settle())
-            event->accept();
+        if (!ExitQuestion::of(this)->settle())
+            return;
+        event->accept();
+        // Given back at the close, not at the deletion that follows later: a search reloads
+        // the form at once, and the new form has taken the entry by then.
+        if (m_mnuBooks)
+            m_mnuBooks->setEnabled(true);
     });
 }
 

@@ -76,6 +76,9 @@ int RecordsetModel::columnCount(const QModelIndex &parent) const
 
 QVariant RecordsetModel::data(const QModelIndex &index, int role) const
 {
+    // An editable combo with no row chosen asks for the icon of "no row": nothing, quietly.
+    if (!index.isValid())
+        return {};
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_recordset)
         return {};
     const QVariant value = m_recordset->valueAt(index.row(), index.column());

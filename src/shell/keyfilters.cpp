@@ -10,6 +10,25 @@ constexpr int FirstPrintable = 32;
 constexpr int Digit0 = 48;
 constexpr int Colon = 58;
 constexpr int FullStop = 46;
+constexpr int Backspace = 8;
+constexpr int Star = 42;
+
+bool isTab(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+}
+
+int keptCode(int code, KeyFilter kind)
+{
+    switch (kind) {
+    case KeyFilter::Price:
+        return KeyAsciiPrice(code);
+    case KeyFilter::LettersAndStar:
+        return KeyAsciiLettersAndStar(code);
+    default:
+        return KeyAsciiDigitsOnly(code);
+    }
+}
 
 // Only a typed character is tested; a key that types nothing passes, and so does a key held
 // with Ctrl or Alt, which is a command (select all, paste) or an access key, not a character.
@@ -17,16 +36,10 @@ bool swallowsCharacter(const QKeyEvent *event, KeyFilter kind)
 {
     const QString text = event->text();
     const Qt::KeyboardModifiers command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    if (text.isEmpty() || event->modifiers() & command)
+    // Tab moves on to the next box; it is never a character typed into this one.
+    if (text.isEmpty() || event->modifiers() & command || isTab(event))
         return false;
-    const int code = text.at(0).unicode();
-    const int kept = kind == KeyFilter::Price ? KeyAsciiPrice(code) : KeyAsciiDigitsOnly(code);
-    return kept == 0;
-}
-
-bool isTab(const QKeyEvent *event)
-{
-    return event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    return keptCode(text.at(0).unicode(), kind) == 0;
 }
 
 class KeyFilterObject : public QObject
@@ -69,6 +82,12 @@ int KeyAsciiDigitsOnly(int keyAscii)
 int KeyAsciiPrice(int keyAscii)
 {
     return keyAscii == FullStop ? keyAscii : KeyAsciiDigitsOnly(keyAscii);
+}
+
+int KeyAsciiLettersAndStar(int keyAscii)
+{
+    const bool letter = (keyAscii >= 'A' && keyAscii <= 'Z') || (keyAscii >= 'a' && keyAscii <= 'z');
+    return letter || keyAscii == Star || keyAscii == Backspace ? keyAscii : 0;
 }
 
 void InstallKeyFilter(QWidget *control, KeyFilter kind)

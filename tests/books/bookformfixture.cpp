@@ -15,7 +15,9 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSqlQuery>
+#include <QStyle>
 #include <QStyleHints>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <QToolButton>
 
@@ -122,7 +124,14 @@ void PickFromList(QWidget *widget, const QString &text)
     QVERIFY(combo);
     const int row = combo->findText(text);
     QVERIFY2(row >= 0, qPrintable(u"No entry \""_s + text + u"\" in "_s + combo->objectName()));
-    QTest::mouseClick(combo, Qt::LeftButton);
+    // An editable combo opens its list from the arrow; its text part takes the click as typing.
+    QStyleOptionComboBox option;
+    option.initFrom(combo);
+    option.editable = combo->isEditable();
+    const QPoint opener = combo->isEditable()
+        ? combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo).center()
+        : combo->rect().center();
+    QTest::mouseClick(combo, Qt::LeftButton, Qt::NoModifier, opener);
     QAbstractItemView *list = combo->view();
     QTRY_VERIFY(list->window()->isVisible());
     const QModelIndex entry = list->model()->index(row, combo->modelColumn());

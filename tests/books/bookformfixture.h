@@ -62,7 +62,7 @@ void SetBookPrompt(const QString &key, const QString &value);
 void TypeInto(QWidget *box, const QString &text);
 // Empties a text box with the keyboard.
 void ClearWithKeys(QWidget *box);
-// Picks an entry of a drop-down list with the mouse.
+// Picks an entry of a drop-down list with the mouse (an editable one through its arrow).
 void PickFromList(QWidget *combo, const QString &text);
 // Clicks a widget with the left button.
 void Click(QWidget *widget);

@@ -1,4 +1,4 @@
-// The key filters of numeric boxes and lookups, key by key.
+// The key filters of numeric boxes, text criteria and lookups, key by key.
 
 #include "shell/keyfilters.h"
 
@@ -43,6 +43,35 @@ private Q_SLOTS:
         QCOMPARE(KeyAsciiPrice(keyAscii), keyAscii == 46 ? 46 : kept);
     }
 
+    void lettersAndStar_data()
+    {
+        QTest::addColumn<int>("keyAscii");
+        QTest::addColumn<int>("kept");
+        QTest::newRow("backspace") << 8 << 8;
+        QTest::newRow("carriage return") << 13 << 0;
+        QTest::newRow("blank") << 32 << 0;
+        QTest::newRow("apostrophe") << 39 << 0;
+        QTest::newRow("star") << 42 << 42;
+        QTest::newRow("percent") << 37 << 0;
+        QTest::newRow("0") << 48 << 0;
+        QTest::newRow("@") << 64 << 0;
+        QTest::newRow("A") << 65 << 65;
+        QTest::newRow("Z") << 90 << 90;
+        QTest::newRow("[") << 91 << 0;
+        QTest::newRow("`") << 96 << 0;
+        QTest::newRow("a") << 97 << 97;
+        QTest::newRow("z") << 122 << 122;
+        QTest::newRow("{") << 123 << 0;
+        QTest::newRow("e acute") << 233 << 0;
+    }
+
+    void lettersAndStar()
+    {
+        QFETCH(int, keyAscii);
+        QFETCH(int, kept);
+        QCOMPARE(KeyAsciiLettersAndStar(keyAscii), kept);
+    }
+
     void typingIntoABox_data()
     {
         QTest::addColumn<int>("kind");
@@ -56,6 +85,9 @@ private Q_SLOTS:
         QTest::newRow("price: pounds and pence") << price << u"12.50"_s << u"12.50"_s;
         QTest::newRow("price: colon") << price << u"1:2"_s << u"1:2"_s;
         QTest::newRow("price: pound sign, minus, comma, letters") << price << u"£-1,000x"_s << u"1000"_s;
+        const int letters = int(KeyFilter::LettersAndStar);
+        QTest::newRow("letters: a pattern") << letters << u"War*"_s << u"War*"_s;
+        QTest::newRow("letters: blanks, digits, apostrophe") << letters << u"O'Brien 2nd"_s << u"OBriennd"_s;
     }
 
     void typingIntoABox()
@@ -89,6 +121,19 @@ private Q_SLOTS:
         QTest::keyClick(lookup, Qt::Key_End);
         QCOMPARE(lookup->currentText(), u"Alpha"_s);
         QTest::keyClick(lookup, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), next);
+    }
+
+    void tabLeavesALettersBox()
+    {
+        QWidget window;
+        auto *criterion = new QLineEdit(&window);
+        auto *next = new QLineEdit(&window);
+        InstallKeyFilter(criterion, KeyFilter::LettersAndStar);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        criterion->setFocus();
+        QTest::keyClick(criterion, Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), next);
     }
 };

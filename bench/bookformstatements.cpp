@@ -1,0 +1,49 @@
+#include "bookformstatements.h"
+
+#include "data/jetsql.h"
+
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+using namespace Qt::StringLiterals;
+
+const QStringList &BookFormLoadStatements()
+{
+    static const QStringList statements{
+        u"select * from tblauthor order by authorsurname"_s,
+        u"select tblauthor.authorid, tblauthor.authorfirstname, tblauthor.authorsurname from "
+        "tblauthor inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid"_s,
+        u"Select tblbooktopic.topicId, tblbooktopic.BookId, tbltopic.topicdescription, "
+        "tbltopic.topicnotes  from tbltopic inner join tblbooktopic on tblbooktopic.topicid = "
+        "tbltopic.topicid  "_s,
+        u"select * from tblBook order by bookdescription"_s,
+        u"select BookID,bookdescription from tblbook order by bookdescription"_s,
+        u"select * from tblPublisher order by PublisherName"_s,
+    };
+    return statements;
+}
+
+const QStringList &BookFormLinkStatements()
+{
+    static const QStringList statements{
+        u"Select tblbooktopic.topicid,tblbooktopic.BookId, tbltopic.topicdescription, "
+        "tbltopic.topicnotes from tbltopic inner join tblbooktopic on tblbooktopic.topicid = "
+        "tbltopic.topicid where tblbooktopic.bookid = "_s,
+        u"select tblauthor.authorid, tblauthor.authorfirstname, tblauthor.authorsurname from "
+        "tblauthor inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid where "
+        "tblbookauthor.bookid = "_s,
+    };
+    return statements;
+}
+
+void ReadAll(const QSqlDatabase &db, const QString &statement)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.exec(JetSql::toSqlite(statement));
+    const int columns = query.record().count();
+    while (query.next()) {
+        for (int c = 0; c < columns; ++c)
+            query.value(c);
+    }
+}

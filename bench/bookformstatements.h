@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+
+// The statements the book form runs when it loads, in its order.
+const QStringList &BookFormLoadStatements();
+// The book's place among them: its rows, and the titles of the lookup list.
+inline constexpr int BookRowsStatement = 3;
+inline constexpr int BookLookupStatement = 4;
+// Those that list one book's authors and topics (followed by the book's number).
+const QStringList &BookFormLinkStatements();
+
+// Every value of every row, forward only: the least any record set must do.
+void ReadAll(const QSqlDatabase &db, const QString &statement);
