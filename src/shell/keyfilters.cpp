@@ -10,6 +10,22 @@ constexpr int FirstPrintable = 32;
 constexpr int Digit0 = 48;
 constexpr int Colon = 58;
 constexpr int FullStop = 46;
+constexpr int Minus = 45;
+constexpr int Plus = 43;
+
+int keptBy(KeyFilter kind, int code)
+{
+    switch (kind) {
+    case KeyFilter::Price:
+        return KeyAsciiPrice(code);
+    case KeyFilter::Percentage:
+        return KeyAsciiPercentage(code);
+    case KeyFilter::DigitsOnly:
+    case KeyFilter::PickOnly:
+        break;
+    }
+    return KeyAsciiDigitsOnly(code);
+}
 
 // Only a typed character is tested; a key that types nothing passes, and so does a key held
 // with Ctrl or Alt, which is a command (select all, paste) or an access key, not a character.
@@ -19,9 +35,7 @@ bool swallowsCharacter(const QKeyEvent *event, KeyFilter kind)
     const Qt::KeyboardModifiers command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     if (text.isEmpty() || event->modifiers() & command)
         return false;
-    const int code = text.at(0).unicode();
-    const int kept = kind == KeyFilter::Price ? KeyAsciiPrice(code) : KeyAsciiDigitsOnly(code);
-    return kept == 0;
+    return keptBy(kind, text.at(0).unicode()) == 0;
 }
 
 bool isTab(const QKeyEvent *event)
@@ -69,6 +83,13 @@ int KeyAsciiDigitsOnly(int keyAscii)
 int KeyAsciiPrice(int keyAscii)
 {
     return keyAscii == FullStop ? keyAscii : KeyAsciiDigitsOnly(keyAscii);
+}
+
+int KeyAsciiPercentage(int keyAscii)
+{
+    if (keyAscii == FullStop || keyAscii == Minus || keyAscii == Plus)
+        return keyAscii;
+    return KeyAsciiDigitsOnly(keyAscii);
 }
 
 void InstallKeyFilter(QWidget *control, KeyFilter kind)

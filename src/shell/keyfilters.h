@@ -6,6 +6,7 @@ class QWidget;
 enum class KeyFilter {
     DigitsOnly, // KeyAsciiDigitsOnly: control characters, the digits and the colon
     Price,      // as DigitsOnly, and the full stop of pounds and pence
+    Percentage, // as Price, and the signs of a rise or a fall
     PickOnly,   // nothing at all but Tab: a lookup combo is used by picking from its list
 };
 
@@ -15,6 +16,9 @@ enum class KeyFilter {
 int KeyAsciiDigitsOnly(int keyAscii);
 // The price boxes' variant: the full stop always, otherwise KeyAsciiDigitsOnly.
 int KeyAsciiPrice(int keyAscii);
+// The percentage box's variant: the full stop, "-" and "+" always, otherwise
+// KeyAsciiDigitsOnly. A comma never passes, whatever the locale.
+int KeyAsciiPercentage(int keyAscii);
 
 // Filters the keys typed into `control` from now on. Keys that type no character (arrows,
 // Delete, Home) pass, except where the filter takes every key (PickOnly).
