@@ -44,42 +44,56 @@ ModalExpectation runtimeError(const QString &text)
                                    u"OK"_s);
 }
 
+QWidget *openPrices()
+{
+    return OpenThroughMenu(MenuEntry, FormName);
+}
+
+void preview(const QWidget *form, const QString &increase)
+{
+    Retype(box(form, u"txtIncrease"_s), increase);
+    ClickButton(form, u"cmdTest"_s);
+}
+
+void apply(const QWidget *form, const QString &increase)
+{
+    Retype(box(form, u"txtIncrease"_s), increase);
+    ClickButton(form, u"cmdUpdate"_s);
+}
+
 // A catalogue of two books worth £1,000.00 together, each sold on for £55.
 class TwoBooks
 {
 public:
     TwoBooks()
-        : m_opener(RegisterFigureForms, TestCatalogue::Content::Empty)
+        : m_ready(m_books.problems().isEmpty()
+                  && QSqlQuery(m_books.catalogue().db())
+                         .exec(u"UPDATE tblBook SET BookSellPrice = 55"_s))
     {
-        const QSqlDatabase db = m_opener.catalogue().db();
-        m_ready = m_opener.problems().isEmpty() && RemoveAllBooks(db)
-            && AddBook(db, u"Folio"_s, 600.0, 1790) && AddBook(db, u"Quarto"_s, 400.0, 1801)
-            && QSqlQuery(db).exec(u"UPDATE tblBook SET BookSellPrice = 55"_s);
     }
 
-    bool ready() const { return m_ready; }
-    QString problems() const { return m_ready ? QString() : m_opener.problems() + u" (setup)"_s; }
-    double price(const QString &description) const
+    // The form opened through its menu entry; nullptr when the catalogue was not made.
+    QWidget *openForm() const { return m_ready ? openPrices() : nullptr; }
+    QString problems() const { return m_ready ? QString() : m_books.problems() + u" (setup)"_s; }
+    // The folio's price and the quarto's.
+    QList<double> prices() const
     {
-        return m_opener.catalogue()
-            .scalar(u"select BookPrice from tblBook where BookDescription = '"_s + description
-                    + u"'"_s)
-            .toDouble();
+        QList<double> prices;
+        QSqlQuery query(m_books.catalogue().db());
+        query.exec(u"select BookPrice from tblBook order by BookDescription"_s);
+        while (query.next())
+            prices << query.value(0).toDouble();
+        return prices;
     }
     double sellPrices() const
     {
-        return m_opener.catalogue().scalar(u"select sum(BookSellPrice) from tblBook"_s).toDouble();
+        return m_books.catalogue().scalar(u"select sum(BookSellPrice) from tblBook"_s).toDouble();
     }
 
 private:
-    CatalogueOpener m_opener;
-    bool m_ready = false;
+    CatalogueOfBooks m_books{{{u"Folio"_s, 600.0, 1790}, {u"Quarto"_s, 400.0, 1801}}};
+    bool m_ready;
 };
-
-QWidget *openPrices()
-{
-    return OpenThroughMenu(MenuEntry, FormName);
-}
 
 } // namespace
 
@@ -137,8 +151,7 @@ void TestPrices::formShowsItsCaptionsAndTips()
     QCOMPARE(form->focusWidget(), box(form, u"txtIncrease"_s));
 
     ModalResponder responder;
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdTest"_s);
+    preview(form, u"5"_s);
     QCOMPARE(responder.finish(200), QString());
     QVERIFY(!SaveScreenshot(form->parentWidget(), u"frmPrices"_s).isEmpty());
 }
@@ -147,12 +160,7 @@ void TestPrices::menuEntryDisabledWhileOpen()
 {
     CatalogueOpener opener(RegisterFigureForms);
     QVERIFY2(opener.problems().isEmpty(), qPrintable(opener.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    QVERIFY(!FindAction(MenuEntry)->isEnabled());
-    ClickButton(form, u"cmdExit"_s);
-    QTRY_VERIFY(!FindForm(FormName));
-    QVERIFY(FindAction(MenuEntry)->isEnabled());
+    QCOMPARE(MenuEntryFollowsForm(MenuEntry, FormName), QString());
 }
 
 void TestPrices::loadShowsTheSumOfThePrices()
@@ -170,9 +178,8 @@ void TestPrices::loadShowsTheSumOfThePrices()
 void TestPrices::increaseBoxTakesOnlyNumberKeys()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     Retype(box(form, u"txtIncrease"_s), u"-1,2a.b+3:x%"_s);
     QCOMPARE(BoxText(form, u"txtIncrease"_s), u"-12.+3:"_s);
     QTest::keyClick(box(form, u"txtIncrease"_s), Qt::Key_Backspace);
@@ -182,7 +189,7 @@ void TestPrices::increaseBoxTakesOnlyNumberKeys()
 void TestPrices::limitsAreAccepted_data()
 {
     QTest::addColumn<QString>("increase");
-    QTest::addColumn<QString>("preview");
+    QTest::addColumn<QString>("previewed");
     QTest::newRow("-15") << u"-15"_s << u"£850.00"_s;
     QTest::newRow("15") << u"15"_s << u"£1,150.00"_s;
     QTest::newRow("+15") << u"+15"_s << u"£1,150.00"_s;
@@ -191,16 +198,14 @@ void TestPrices::limitsAreAccepted_data()
 void TestPrices::limitsAreAccepted()
 {
     QFETCH(QString, increase);
-    QFETCH(QString, preview);
+    QFETCH(QString, previewed);
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     ModalResponder responder;
-    Retype(box(form, u"txtIncrease"_s), increase);
-    ClickButton(form, u"cmdTest"_s);
+    preview(form, increase);
     QCOMPARE(responder.finish(200), QString());
-    QCOMPARE(BoxText(form, u"txtTestValue"_s), preview);
+    QCOMPARE(BoxText(form, u"txtTestValue"_s), previewed);
     QCOMPARE(form->focusWidget(), box(form, u"txtIncrease"_s));
 }
 
@@ -220,9 +225,8 @@ void TestPrices::beyondTheLimitsIsRefused()
     QFETCH(QString, increase);
     QFETCH(QString, button);
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     ModalResponder responder;
     Retype(box(form, u"txtIncrease"_s), increase);
     responder.expect(rangeMessage());
@@ -231,57 +235,50 @@ void TestPrices::beyondTheLimitsIsRefused()
     QCOMPARE(form->focusWidget(), box(form, u"txtIncrease"_s));
     QCOMPARE(BoxText(form, u"txtTestValue"_s), QString());
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,000.00"_s);
-    QCOMPARE(books.price(u"Folio"_s), 600.0);
+    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
 }
 
 void TestPrices::exitIsNeverBlocked()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     ModalResponder responder;
     Retype(box(form, u"txtIncrease"_s), u"40"_s);
     ClickButton(form, u"cmdExit"_s);
     QCOMPARE(responder.finish(200), QString());
     QTRY_VERIFY(!FindForm(FormName));
-    QCOMPARE(books.price(u"Folio"_s), 600.0);
+    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
 }
 
 void TestPrices::previewAddsThePercentage()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    Retype(box(form, u"txtIncrease"_s), u"-2.5"_s);
-    ClickButton(form, u"cmdTest"_s);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
+    preview(form, u"-2.5"_s);
     QCOMPARE(BoxText(form, u"txtTestValue"_s), u"£975.00"_s);
-    Retype(box(form, u"txtIncrease"_s), u"12.345"_s);
-    ClickButton(form, u"cmdTest"_s);
+    preview(form, u"12.345"_s);
     QCOMPARE(BoxText(form, u"txtTestValue"_s), u"£1,123.45"_s);
     // A preview changes nothing in the catalogue.
-    QCOMPARE(books.price(u"Folio"_s), 600.0);
+    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,000.00"_s);
 }
 
 void TestPrices::applyWithoutPreviewShowsAPlainNumber()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,000.00"_s);
     ModalResponder responder;
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdUpdate"_s);
+    apply(form, u"5"_s);
     QCOMPARE(responder.finish(200), QString());
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"1050"_s);
     QCOMPARE(BoxText(form, u"txtIncrease"_s), QString());
     QCOMPARE(BoxText(form, u"txtTestValue"_s), QString());
     QCOMPARE(form->focusWidget(), box(form, u"txtIncrease"_s));
-    QCOMPARE(books.price(u"Folio"_s), 630.0);
-    QCOMPARE(books.price(u"Quarto"_s), 420.0);
+    QCOMPARE(books.prices(), (QList<double>{630.0, 420.0}));
     // Only the purchase price is revalued.
     QCOMPARE(books.sellPrices(), 110.0);
 }
@@ -289,30 +286,24 @@ void TestPrices::applyWithoutPreviewShowsAPlainNumber()
 void TestPrices::applyAfterPreviewShowsThePreview()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdTest"_s);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
+    preview(form, u"5"_s);
     QCOMPARE(BoxText(form, u"txtTestValue"_s), u"£1,050.00"_s);
     ClickButton(form, u"cmdUpdate"_s);
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,050.00"_s);
     QCOMPARE(BoxText(form, u"txtTestValue"_s), QString());
-    QCOMPARE(books.price(u"Folio"_s), 630.0);
+    QCOMPARE(books.prices(), (QList<double>{630.0, 420.0}));
 }
 
 void TestPrices::changedPercentageAfterPreviewIsApplied()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdTest"_s);
-    Retype(box(form, u"txtIncrease"_s), u"10"_s);
-    ClickButton(form, u"cmdUpdate"_s);
-    QCOMPARE(books.price(u"Folio"_s), 660.0);
-    QCOMPARE(books.price(u"Quarto"_s), 440.0);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
+    preview(form, u"5"_s);
+    apply(form, u"10"_s);
+    QCOMPARE(books.prices(), (QList<double>{660.0, 440.0}));
     // The value shown is the earlier preview's, not what the catalogue now holds.
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,050.00"_s);
 }
@@ -320,44 +311,34 @@ void TestPrices::changedPercentageAfterPreviewIsApplied()
 void TestPrices::applyingTwiceAppliesTheFactorTwice()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdUpdate"_s);
-    QCOMPARE(books.price(u"Folio"_s), 630.0);
-    QCOMPARE(books.price(u"Quarto"_s), 420.0);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdUpdate"_s);
-    QCOMPARE(books.price(u"Folio"_s), 661.5);
-    QCOMPARE(books.price(u"Quarto"_s), 441.0);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
+    apply(form, u"5"_s);
+    QCOMPARE(books.prices(), (QList<double>{630.0, 420.0}));
+    apply(form, u"5"_s);
+    QCOMPARE(books.prices(), (QList<double>{661.5, 441.0}));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"1102.5"_s);
 }
 
 void TestPrices::fallUsesItsShortestFactor()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
-    Retype(box(form, u"txtIncrease"_s), u"-2.5"_s);
-    ClickButton(form, u"cmdUpdate"_s);
-    QCOMPARE(books.price(u"Folio"_s), 585.0);
-    QCOMPARE(books.price(u"Quarto"_s), 390.0);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
+    apply(form, u"-2.5"_s);
+    QCOMPARE(books.prices(), (QList<double>{585.0, 390.0}));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"975"_s);
 }
 
 void TestPrices::emptyCatalogueIsWorthNothing()
 {
-    CatalogueOpener opener(RegisterFigureForms, TestCatalogue::Content::Empty);
-    QVERIFY2(opener.problems().isEmpty(), qPrintable(opener.problems()));
-    QVERIFY(RemoveAllBooks(opener.catalogue().db()));
+    CatalogueOfBooks books({});
+    QVERIFY2(books.problems().isEmpty(), qPrintable(books.problems()));
     ModalResponder responder;
     QWidget *form = openPrices();
     QVERIFY(form);
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£0.00"_s);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    ClickButton(form, u"cmdTest"_s);
+    preview(form, u"5"_s);
     QCOMPARE(BoxText(form, u"txtTestValue"_s), u"£0.00"_s);
     ClickButton(form, u"cmdUpdate"_s);
     QCOMPARE(responder.finish(200), QString());
@@ -367,10 +348,9 @@ void TestPrices::emptyCatalogueIsWorthNothing()
 void TestPrices::decimalCommaBreaksTheStatement()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     const QString shown = BoxText(form, u"txtCurrValue"_s);
     QCOMPARE(shown, QLocale().toCurrencyString(1000.0, QLocale().currencySymbol(), 2));
     ModalResponder responder;
@@ -380,8 +360,7 @@ void TestPrices::decimalCommaBreaksTheStatement()
     responder.expect(runtimeError(u"Run-time error '3075':\r\n\r\nnear \"05\": syntax error"_s));
     ClickButton(form, u"cmdUpdate"_s);
     QCOMPARE(responder.finish(), QString());
-    QCOMPARE(books.price(u"Folio"_s), 600.0);
-    QCOMPARE(books.price(u"Quarto"_s), 400.0);
+    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), shown);
     QCOMPARE(BoxText(form, u"txtIncrease"_s), u"5"_s);
 }
@@ -389,25 +368,23 @@ void TestPrices::decimalCommaBreaksTheStatement()
 void TestPrices::textThatIsNoNumberIsReportedOnce()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     ModalResponder responder;
     Retype(box(form, u"txtIncrease"_s), u"1.2.3"_s);
     responder.expect(runtimeError(u"Run-time error '13':\r\n\r\nType mismatch"_s));
     ClickButton(form, u"cmdUpdate"_s);
     QCOMPARE(responder.finish(), QString());
     QCOMPARE(form->focusWidget(), box(form, u"txtIncrease"_s));
-    QCOMPARE(books.price(u"Folio"_s), 600.0);
+    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£1,000.00"_s);
 }
 
 void TestPrices::helpOpensTheFormsTopic()
 {
     TwoBooks books;
-    QVERIFY2(books.ready(), qPrintable(books.problems()));
-    QWidget *form = openPrices();
-    QVERIFY(form);
+    QWidget *form = books.openForm();
+    QVERIFY2(form, qPrintable(books.problems()));
     ModalResponder responder;
     // Help is there also while the percentage would be refused.
     Retype(box(form, u"txtIncrease"_s), u"99"_s);

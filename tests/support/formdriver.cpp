@@ -24,6 +24,21 @@ QWidget *OpenThroughMenu(const QString &menuEntry, const QString &formName)
     return form;
 }
 
+QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName)
+{
+    const QWidget *form = OpenThroughMenu(menuEntry, formName);
+    if (!form)
+        return formName + u" did not open."_s;
+    if (FindAction(menuEntry)->isEnabled())
+        return menuEntry + u" is enabled while the form is open."_s;
+    ClickButton(form, u"cmdExit"_s);
+    if (!QTest::qWaitFor([&formName] { return !FindForm(formName); }))
+        return u"Exit left the form open."_s;
+    if (!FindAction(menuEntry)->isEnabled())
+        return menuEntry + u" stays disabled after the form is gone."_s;
+    return {};
+}
+
 void Retype(QLineEdit *box, const QString &text)
 {
     box->setFocus(Qt::OtherFocusReason);

@@ -9,6 +9,11 @@ class QWidget;
 // one, so that typing and clicking reach it. nullptr when the form did not open.
 QWidget *OpenThroughMenu(const QString &menuEntry, const QString &formName);
 
+// Opens the form through its menu entry and closes it with its Exit button, checking that
+// the entry is disabled while the form is open and enabled again once it is gone. Answers
+// what was otherwise, empty when all was so.
+QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName);
+
 // Replaces a box's text key by key, so that its key filter sees every character.
 void Retype(QLineEdit *box, const QString &text);
 
