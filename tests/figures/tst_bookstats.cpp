@@ -82,7 +82,6 @@ void TestBookStats::formShowsItsCaptionsAndLabels()
     QCOMPARE(FindControl<QPushButton>(form, u"cmdExit"_s)->text(), u"E&xit"_s);
     QCOMPARE(FindControl<QPushButton>(form, u"cmdHelp"_s)->text(), u"Help"_s);
     QVERIFY(FindControl<QLineEdit>(form, u"txtTotalNoBooks"_s)->isReadOnly());
-    QVERIFY(!SaveScreenshot(form->parentWidget(), u"frmBookStats"_s).isEmpty());
 }
 
 void TestBookStats::menuEntryDisabledWhileOpen()
@@ -112,7 +111,7 @@ void TestBookStats::figuresMatchTheCatalogueFile()
     // The demo collection is worth more than a thousand pounds and has dated books.
     QVERIFY(BoxText(form, u"txtTotalValue"_s).contains(u','));
     QVERIFY(!BoxText(form, u"txtOldest"_s).isEmpty());
-    QVERIFY(!SaveScreenshot(form->parentWidget(), u"frmBookStats-sample"_s).isEmpty());
+    QVERIFY(!SaveScreenshot(form->parentWidget(), u"frmBookStats"_s).isEmpty());
 }
 
 void TestBookStats::emptyCatalogueShowsZeroAndEmptyBoxes()
