@@ -1,9 +1,13 @@
 #include "printing/printingforms.h"
 
+#include "printing/frmcataloguecontrol.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 
+using namespace Qt::StringLiterals;
+
 void RegisterPrintingForms(MainFrame &frame)
 {
-    Q_UNUSED(frame);
+    frame.forms().registerForm(u"frmCatalogueControl"_s, FormRegistry::Placement::Child,
+                               [&frame] { return new FrmCatalogueControl(frame); });
 }

@@ -12,6 +12,8 @@ constexpr int Colon = 58;
 constexpr int FullStop = 46;
 constexpr int Backspace = 8;
 constexpr int Star = 42;
+constexpr int Minus = 45;
+constexpr int Plus = 43;
 
 bool isTab(const QKeyEvent *event)
 {
@@ -25,6 +27,8 @@ int keptCode(int code, KeyFilter kind)
         return KeyAsciiPrice(code);
     case KeyFilter::LettersAndStar:
         return KeyAsciiLettersAndStar(code);
+    case KeyFilter::Percentage:
+        return KeyAsciiPercentage(code);
     default:
         return KeyAsciiDigitsOnly(code);
     }
@@ -88,6 +92,13 @@ int KeyAsciiLettersAndStar(int keyAscii)
 {
     const bool letter = (keyAscii >= 'A' && keyAscii <= 'Z') || (keyAscii >= 'a' && keyAscii <= 'z');
     return letter || keyAscii == Star || keyAscii == Backspace ? keyAscii : 0;
+}
+
+int KeyAsciiPercentage(int keyAscii)
+{
+    if (keyAscii == FullStop || keyAscii == Minus || keyAscii == Plus)
+        return keyAscii;
+    return KeyAsciiDigitsOnly(keyAscii);
 }
 
 void InstallKeyFilter(QWidget *control, KeyFilter kind)

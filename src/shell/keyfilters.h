@@ -6,6 +6,7 @@ class QWidget;
 enum class KeyFilter {
     DigitsOnly, // KeyAsciiDigitsOnly: control characters, the digits and the colon
     Price,      // as DigitsOnly, and the full stop of pounds and pence
+    Percentage, // as Price, and the signs of a rise or a fall
     PickOnly,   // nothing at all but Tab: a lookup combo is used by picking from its list
     LettersAndStar, // KeyAsciiLettersAndStar: the search's text criteria
 };
@@ -16,6 +17,9 @@ enum class KeyFilter {
 int KeyAsciiDigitsOnly(int keyAscii);
 // The price boxes' variant: the full stop always, otherwise KeyAsciiDigitsOnly.
 int KeyAsciiPrice(int keyAscii);
+// The percentage box's variant: the full stop, "-" and "+" always, otherwise
+// KeyAsciiDigitsOnly. A comma never passes, whatever the locale.
+int KeyAsciiPercentage(int keyAscii);
 
 // The search's text criteria: the letters A to Z and a to z, the "*" of a partial match and
 // Backspace; everything else, the blank included, is swallowed (answered as 0).

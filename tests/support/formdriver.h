@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+class QWidget;
+
+// Picks a task form's menu entry as a person does and makes the form's window the active
+// one, so that typing and clicking reach it. nullptr when the form did not open.
+QWidget *OpenThroughMenu(const QString &menuEntry, const QString &formName);
+
+// Opens the form through its menu entry and closes it with its Exit button, checking that
+// the entry is disabled while the form is open and enabled again once it is gone. Answers
+// what was otherwise, empty when all was so.
+QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName);
+
+// Replaces a box's text key by key, so that its key filter sees every character.
+void Retype(QLineEdit *box, const QString &text);
+
+// Clicks the named button of a form with the mouse.
+void ClickButton(const QWidget *form, const QString &name);
+
+// The text a line edit of the form shows; "(none)" when the form has no such box.
+QString BoxText(const QWidget *form, const QString &name);
+
+// The title of the help page shown now; "(no help window)" when none is shown.
+QString ShownHelpTopic();
