@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -24,9 +25,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Memos longer than what libmdb is told to bind are cut without a word, so the binding
-// grows whenever a value fills it.
-constexpr size_t InitialBindSize = 64 * 1024;
+// libmdb cuts a value longer than its bind size without a word, and every text column of a
+// table gets a buffer of that size. So the buffers start small and grow, a row whose value
+// fills one being read again: a table costs as much memory as its longest value needs.
+constexpr size_t InitialBindSize = 64;
+// Far beyond any note a catalogue holds; a longer value means a damaged file.
+constexpr size_t MaximumBindSize = size_t(256) << 20;
 
 // The smallest Jet page; Jet 4 uses twice this.
 constexpr qint64 JetPageSize = 2048;
@@ -159,7 +163,8 @@ public:
         }
         m_buffers.resize(m_columns.size());
         m_lengths.resize(m_columns.size());
-        m_fields.resize(m_columns.size());
+        // libmdb fills one field for each column the row holds, however many that is.
+        m_fields.resize(std::max<qsizetype>(m_columns.size(), MDB_MAX_COLS));
         bind(InitialBindSize);
     }
     ~Table()
@@ -211,7 +216,7 @@ private:
     bool filledABuffer() const
     {
         for (qsizetype i = 0; i < m_columns.size(); ++i) {
-            if (isText(m_columns[i].type) && size_t(m_lengths[i]) + 1 >= m_bindSize)
+            if (isText(m_columns[i].type) && m_lengths[i] >= 0 && size_t(m_lengths[i]) + 1 >= m_bindSize)
                 return true;
         }
         return false;
@@ -219,6 +224,8 @@ private:
 
     void reread(int rowOnPage)
     {
+        if (m_bindSize >= MaximumBindSize)
+            fail(u"a value in table %1 is too long"_s.arg(QString::fromUtf8(m_def->name)));
         bind(m_bindSize * 4);
         if (!mdb_read_row(m_def, rowOnPage))
             fail(u"a row of table %1 cannot be read again"_s.arg(QString::fromUtf8(m_def->name)));
@@ -236,6 +243,8 @@ private:
         JetRow row(m_columns.size());
         for (qsizetype i = 0; i < m_columns.size(); ++i) {
             const MdbField &field = m_fields[i];
+            if (field.colnum < 0 || field.colnum >= m_columns.size())
+                fail(u"a row of table %1 is damaged"_s.arg(QString::fromUtf8(m_def->name)));
             row[field.colnum] = value(field.colnum, field);
         }
         return row;
