@@ -102,21 +102,25 @@ public:
 
     void add(const QString &table, const JetRow &row) { m_added[table] << row; }
     void edit(const QString &table, std::function<void(JetRow &)> change) { m_edits[table] = std::move(change); }
+    void empty(const QString &table) { m_emptied << table; }
+    void leaveOut(const QString &table) { m_left << table; }
 
-    bool hasTable(const QString &name) const override { return m_file.hasTable(name); }
+    bool hasTable(const QString &name) const override { return !m_left.contains(name) && m_file.hasTable(name); }
     QList<JetColumn> columns(const QString &table) const override { return m_file.columns(table); }
     qint64 rowCount(const QString &table) const override
     {
-        return m_file.rowCount(table) + m_added.value(table).size();
+        return (m_emptied.contains(table) ? 0 : m_file.rowCount(table)) + m_added.value(table).size();
     }
     void readRows(const QString &table, const std::function<void(const JetRow &)> &handle) const override
     {
-        m_file.readRows(table, [&](const JetRow &row) {
-            JetRow edited = row;
-            if (m_edits.contains(table))
-                m_edits[table](edited);
-            handle(edited);
-        });
+        if (!m_emptied.contains(table)) {
+            m_file.readRows(table, [&](const JetRow &row) {
+                JetRow edited = row;
+                if (m_edits.contains(table))
+                    m_edits[table](edited);
+                handle(edited);
+            });
+        }
         for (const JetRow &row : m_added.value(table))
             handle(row);
     }
@@ -125,6 +129,8 @@ private:
     const JetFile &m_file;
     QHash<QString, QList<JetRow>> m_added;
     QHash<QString, std::function<void(JetRow &)>> m_edits;
+    QSet<QString> m_emptied;
+    QSet<QString> m_left;
 };
 
 JetRow firstRow(const JetFile &file, const QString &table)
@@ -308,6 +314,59 @@ private Q_SLOTS:
         QCOMPARE(summary.checkProblems, QStringList());
         QCOMPARE(summary.tables.first().rows, 13);
         QCOMPARE(scalar(path, u"SELECT PublisherID FROM tblPublisher WHERE PublisherName = 'UnKnown'"_s).toInt(), 13);
+    }
+
+    void repairsMissingPricesAndOwnerRows()
+    {
+        const JetFile jet(jetFixture(catalogueFixture));
+        EditedTables tables(jet);
+        tables.edit(u"tblBook"_s, [](JetRow &book) {
+            if (std::get<qint64>(book[0]) == 3)
+                book[7] = JetValue();
+        });
+        tables.add(u"tblCatalogueControl"_s, firstRow(jet, u"tblCatalogueControl"_s));
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"new.mdb"_s);
+
+        const CatalogueImport::Summary summary = CatalogueImport::run(tables, u"old.mdb"_s, path);
+
+        QCOMPARE(summary.problems,
+                 (QStringList{u"tblBook: BookID 3 has no price; it is given 0"_s,
+                              u"tblCatalogueControl: row 2 is one more than the single row of the owner's details; it is left out"_s}));
+        QCOMPARE(summary.checkProblems, QStringList());
+        QCOMPARE(scalar(path, u"SELECT BookPrice FROM tblBook WHERE BookID = 3"_s).toDouble(), 0.0);
+        QCOMPARE(scalar(path, u"SELECT count(*) FROM tblCatalogueControl"_s).toInt(), 1);
+    }
+
+    void writesEmptyOwnerDetailsWhenThereAreNone()
+    {
+        const JetFile jet(jetFixture(catalogueFixture));
+        EditedTables tables(jet);
+        tables.empty(u"tblCatalogueControl"_s);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"new.mdb"_s);
+
+        const CatalogueImport::Summary summary = CatalogueImport::run(tables, u"old.mdb"_s, path);
+
+        QCOMPARE(summary.problems, QStringList{u"tblCatalogueControl: there are no owner's details; empty ones are written"_s});
+        QCOMPARE(summary.checkProblems, QStringList());
+        QCOMPARE(scalar(path, u"SELECT CatalogueName || Email FROM tblCatalogueControl"_s).toString(), u""_s);
+    }
+
+    void aMissingTableIsNamed()
+    {
+        const JetFile jet(jetFixture(catalogueFixture));
+        EditedTables tables(jet);
+        tables.leaveOut(u"tblBookTopic"_s);
+        QTemporaryDir dir;
+
+        try {
+            CatalogueImport::run(tables, u"old.mdb"_s, dir.filePath(u"new.mdb"_s));
+            QFAIL("the import went on");
+        } catch (const CatalogueFileError &e) {
+            QCOMPARE(e.message(), u"old.mdb is not a whole catalogue: it has no table tblBookTopic"_s);
+        }
+        QCOMPARE(filesIn(dir), QStringList());
     }
 
     void stopsAtTheFirstProblemWhenAsked()
