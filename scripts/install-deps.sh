@@ -9,6 +9,7 @@ packages=(
   qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools libqt6help6
   libgl-dev libxkbcommon-dev
   sqlite3
+  mdbtools-dev
   fonts-liberation
   xvfb xauth
 )

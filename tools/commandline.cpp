@@ -26,7 +26,7 @@ qint64 Arguments::number(const QString &option, qint64 low, qint64 high) const
     return value;
 }
 
-Arguments parseArguments(const QStringList &args, const QList<Option> &options)
+Arguments parseArguments(const QStringList &args, const QList<Option> &options, const QStringList &pathNames)
 {
     Arguments parsed;
     if (args.contains(u"--help"_s) || args.contains(u"-h"_s)) {
@@ -36,9 +36,9 @@ Arguments parseArguments(const QStringList &args, const QList<Option> &options)
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString &arg = args[i];
         if (!arg.startsWith(u'-')) {
-            if (!parsed.path.isNull())
+            if (parsed.paths.size() == pathNames.size())
                 throw UsageError{u"unexpected argument \"%1\""_s.arg(arg)};
-            parsed.path = arg;
+            parsed.paths << arg;
             continue;
         }
         // "--books=30000" and "--books 30000" are the same.
@@ -60,10 +60,13 @@ Arguments parseArguments(const QStringList &args, const QList<Option> &options)
         }
         parsed.given.insert(name, value);
     }
-    if (parsed.path.isNull())
-        throw UsageError{u"no PATH given"_s};
-    if (parsed.path.isEmpty())
-        throw UsageError{u"the PATH is empty"_s};
+    for (qsizetype i = 0; i < pathNames.size(); ++i) {
+        if (i == parsed.paths.size())
+            throw UsageError{u"no %1 given"_s.arg(pathNames[i])};
+        if (parsed.paths[i].isEmpty())
+            throw UsageError{u"the %1 is empty"_s.arg(pathNames[i])};
+    }
+    parsed.path = parsed.paths.value(0);
     for (const Option &option : options) {
         if (option.required && !parsed.has(option.name))
             throw UsageError{u"%1 %2 is required"_s.arg(option.name, option.valueName)};
@@ -71,9 +74,9 @@ Arguments parseArguments(const QStringList &args, const QList<Option> &options)
     return parsed;
 }
 
-QString synopsis(const QList<Option> &options)
+QString synopsis(const QList<Option> &options, const QStringList &pathNames)
 {
-    QString text = u"PATH"_s;
+    QString text = pathNames.join(u' ');
     for (const Option &option : options) {
         const QString usage = option.valueName.isEmpty() ? option.name
                                                          : option.name + u' ' + option.valueName;

@@ -22,7 +22,8 @@ struct Option
 // "[--force] PATH" and the like, read against the options one command accepts.
 struct Arguments
 {
-    QString path;
+    QString path;       // the first of the paths
+    QStringList paths;  // one for each name the command was asked to read
     bool help = false;
     QHash<QString, QString> given; // option name to its value (empty for a flag)
 
@@ -32,9 +33,11 @@ struct Arguments
     qint64 number(const QString &option, qint64 low, qint64 high) const;
 };
 
-// Reads the arguments after the command's name; "--help" anywhere asks for the command's
-// help and nothing else is then required. Throws UsageError.
-Arguments parseArguments(const QStringList &args, const QList<Option> &options);
+// Reads the arguments after the command's name: one path for each of `pathNames`, in order,
+// and options anywhere; "--help" anywhere asks for the command's help and nothing else is
+// then required. Throws UsageError.
+Arguments parseArguments(const QStringList &args, const QList<Option> &options,
+                         const QStringList &pathNames = {QStringLiteral("PATH")});
 
 // "PATH --books N [--seed S] [--force]"
-QString synopsis(const QList<Option> &options);
+QString synopsis(const QList<Option> &options, const QStringList &pathNames = {QStringLiteral("PATH")});

@@ -1,14 +1,16 @@
-// shelvane-catalog: makes and checks Shelvane catalogue files.
+// shelvane-catalog: makes, checks and imports Shelvane catalogue files.
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
 #include "catalogue/generator.h"
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
+#include "jetimport/catalogueimport.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 
@@ -24,6 +26,7 @@ namespace {
 
 constexpr int ExitFailure = 1;
 constexpr int ExitUsage = 2;
+constexpr int ExitCannotImport = 2;
 const QString program = u"shelvane-catalog"_s;
 
 QTextStream &out()
@@ -48,6 +51,79 @@ bool stderrIsTerminal()
 }
 
 const Option force{u"--force"_s, {}, u"replace an existing file"_s};
+
+const Option strict{u"--strict"_s, {}, u"stop at the first problem instead of repairing it"_s};
+
+void printCheck(const QString &path, const QStringList &problems)
+{
+    for (const QString &problem : problems)
+        out() << problem << '\n';
+    if (problems.isEmpty())
+        out() << path << ": catalogue is sound\n";
+}
+
+void printSummary(const CatalogueImport::Summary &summary)
+{
+    for (const CatalogueImport::TableCount &count : summary.tables)
+        out() << "  " << count.table.leftJustified(22) << QString::number(count.rows).rightJustified(8) << (count.rows == 1 ? " row\n" : " rows\n");
+    out() << "  " << u"problems"_s.leftJustified(22) << QString::number(summary.problems.size()).rightJustified(8) << '\n';
+    const double seconds = summary.milliseconds / 1000.0;
+    const qint64 perSecond = summary.milliseconds > 0 ? summary.rows() * 1000 / summary.milliseconds : summary.rows() * 1000;
+    out() << "  " << u"time"_s.leftJustified(22) << QString::number(seconds, 'f', 2).rightJustified(8) << " s ("
+          << perSecond << " rows a second)\n";
+}
+
+// One line of progress on a terminal, rewritten in place and wiped before anything else is
+// printed, so that only the problems and the summary stay on the screen.
+class ProgressLine
+{
+public:
+    void show(const QString &text)
+    {
+        err() << '\r' << text.leftJustified(m_width) << Qt::flush;
+        m_width = std::max(m_width, int(text.size()));
+    }
+    void wipe()
+    {
+        if (m_width > 0)
+            err() << '\r' << QString(m_width, u' ') << '\r' << Qt::flush;
+        m_width = 0;
+    }
+
+private:
+    int m_width = 0;
+};
+
+int runImport(const Arguments &args)
+{
+    const QString &jetPath = args.paths[0];
+    const QString &path = args.paths[1];
+    ProgressLine progress;
+    CatalogueImport::Options options;
+    options.overwrite = args.has(force.name);
+    options.onProblem = args.has(strict.name) ? CatalogueImport::OnProblem::Stop : CatalogueImport::OnProblem::Repair;
+    options.problem = [&](const QString &problem) {
+        progress.wipe();
+        out() << problem << '\n' << Qt::flush;
+    };
+    if (stderrIsTerminal()) {
+        options.progress = [&](const QString &table, qint64 done, qint64 total) {
+            progress.show(u"importing %1: %2 of %3 rows"_s.arg(table).arg(done).arg(total));
+        };
+    }
+    try {
+        const CatalogueImport::Summary summary = CatalogueImport::run(jetPath, path, options);
+        progress.wipe();
+        out() << path << ": imported from " << jetPath << '\n';
+        printSummary(summary);
+        printCheck(path, summary.checkProblems);
+        return summary.checkProblems.isEmpty() ? 0 : ExitFailure;
+    } catch (const CatalogueFileError &e) {
+        progress.wipe();
+        err() << program << ": " << e.message() << '\n';
+        return ExitCannotImport;
+    }
+}
 
 int runCreate(const Arguments &args)
 {
@@ -87,12 +163,8 @@ int runGenerate(const Arguments &args)
 int runCheck(const Arguments &args)
 {
     const QStringList problems = CatalogueCheck::problemsIn(args.path);
-    for (const QString &problem : problems)
-        out() << problem << '\n';
-    if (!problems.isEmpty())
-        return ExitFailure;
-    out() << args.path << ": catalogue is sound\n";
-    return 0;
+    printCheck(args.path, problems);
+    return problems.isEmpty() ? 0 : ExitFailure;
 }
 
 struct Command
@@ -102,6 +174,7 @@ struct Command
     QString description;
     QList<Option> options;
     int (*run)(const Arguments &);
+    QStringList paths = {u"PATH"_s};
 };
 
 const QList<Command> commands = {
@@ -127,11 +200,30 @@ const QList<Command> commands = {
      "integrity and foreign key checks. Prints each problem on a line of its own and\n"
      "exits with 1 when there is any."_s,
      {}, runCheck},
+    {u"import"_s, u"bring a catalogue of the older Jet (.mdb) format across"_s,
+     u"Reads every table of a catalogue kept in the older Jet format (OLD) and writes a\n"
+     "new catalogue (NEW) with the same books, authors, topics, publishers, links and\n"
+     "owner's details: every number, key and text as it was, NULL kept apart from an\n"
+     "empty text, prices to the ten-thousandth. Stored queries are not read: the new\n"
+     "catalogue has its own.\n"
+     "\n"
+     "A row that breaks a rule of the new catalogue is reported on a line of its own and\n"
+     "repaired: a book whose publisher is missing gets the publisher UnKnown (added if\n"
+     "there is none), a book without a price gets 0, a link to a missing book, author or\n"
+     "topic is left out and a link given twice is kept once, surplus owner's details\n"
+     "are left out. With --strict the first such row stops the import instead. Rows\n"
+     "without a key, or sharing one, always stop it.\n"
+     "\n"
+     "Ends with a check of the new catalogue and a summary: rows per table, problems,\n"
+     "time. Exits with 2, leaving no file under NEW, when OLD cannot be read or is no\n"
+     "catalogue, NEW exists already (without --force), the import stops or the new file\n"
+     "cannot be written; with 1 when the check finds a problem."_s,
+     {strict, force}, runImport, {u"OLD"_s, u"NEW"_s}},
 };
 
 QString usageLine(const Command &command)
 {
-    return u"Usage: %1 %2 %3\n"_s.arg(program, command.name, synopsis(command.options));
+    return u"Usage: %1 %2 %3\n"_s.arg(program, command.name, synopsis(command.options, command.paths));
 }
 
 QString commandHelp(const Command &command)
@@ -159,7 +251,7 @@ int usageError(const QString &problem, const QString &usage)
 int runCommand(const Command &command, const QStringList &args)
 {
     try {
-        const Arguments parsed = parseArguments(args, command.options);
+        const Arguments parsed = parseArguments(args, command.options, command.paths);
         if (parsed.help) {
             out() << commandHelp(command);
             return 0;

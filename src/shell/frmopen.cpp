@@ -2,9 +2,11 @@
 
 #include "ui_frmopen.h"
 
+#include "data/catalogueformat.h"
 #include "data/providererror.h"
 #include "data/recordset.h"
 #include "data/runtimeerror.h"
+#include "shell/catalogueconversion.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
@@ -157,6 +159,9 @@ void FrmOpen::on_cmdOpen_clicked()
                Vb::OKOnly, u"Database Open Error"_s);
         return;
     }
+    // A catalogue of the older format is converted first, or not opened at all.
+    if (CatalogueFormat::ofFile(path) == CatalogueFormat::Kind::Jet && !OfferConversion(path, this))
+        return;
     openCatalogue(path);
 }
 

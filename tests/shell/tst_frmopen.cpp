@@ -76,14 +76,6 @@ void writeFile(const QString &path, const QByteArray &content)
     file.write(content);
 }
 
-// The first bytes of a catalogue in the older Jet format.
-QByteArray jetHeader()
-{
-    QByteArray header("\x00\x01\x00\x00Standard Jet DB", 19);
-    header.append(QByteArray(2048 - header.size(), '\0'));
-    return header;
-}
-
 } // namespace
 
 class TestFrmOpen : public QObject
@@ -331,28 +323,6 @@ private Q_SLOTS:
         QVERIFY2(problems.isEmpty(), qPrintable(problems));
         QVERIFY(FindForm(u"frmOpen"_s));
         expectNoCatalogue();
-    }
-
-    void jetCatalogueEndsWithAClearError()
-    {
-        QTemporaryDir folder;
-        const QString path = QDir::toNativeSeparators(folder.filePath(CatalogueName));
-        writeFile(path, jetHeader());
-        QWidget *form = showOpenForm();
-        choose(form, path);
-
-        m_responder->expect(openedMessage());
-        m_responder->expect(runtimeError(
-            3343, u"'"_s + path
-                      + u"' is a catalogue in the older Jet format. Convert it first with: "
-                        "shelvane-catalog import \""_s
-                      + path + u"\" <new catalogue file>"_s));
-        click(form, u"cmdOpen"_s);
-        const QString problems = m_responder->finish();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        expectNoCatalogue();
-        QVERIFY(!m_frame->forms().find(u"frmBookMaintenance"_s));
-        QVERIFY(FindForm(u"frmOpen"_s));
     }
 
     void successfulOpenSetsTheSession()

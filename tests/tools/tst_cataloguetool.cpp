@@ -1,11 +1,13 @@
 // shelvane-catalog as a person runs it: exit statuses, messages, files left behind.
 #include "catalogue/scopeddatabase.h"
+#include "jetfixtures.h"
 #include "snapshot.h"
 #include "support/testcatalogue.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
@@ -123,17 +125,28 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path));
     }
 
+    void fullDiskFailsWithoutAFile_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::newRow("generate") << QStringList{u"generate"_s, u"--books"_s, u"30000"_s} << 1;
+        QTest::newRow("import") << QStringList{u"import"_s, jetFixture(u"QuireshelfCatalog01.mdb"_s)} << 2;
+    }
+
     void fullDiskFailsWithoutAFile()
     {
 #ifdef Q_OS_UNIX
-        // A file size limit makes every write past 100 kB fail, as a full disk would.
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        // A file size limit makes every write past 50 kB fail, as a full disk would.
         QTemporaryDir dir;
         const QString path = dir.filePath(u"QuireshelfCatalog01.mdb"_s);
-        const Run run = runTool({u"-c"_s, u"trap '' XFSZ; ulimit -f 200; exec \"$0\" generate \"$1\" --books 30000"_s,
-                                 qEnvironmentVariable("SHELVANE_TOOL"), path},
+        const Run run = runTool(QStringList{u"-c"_s, u"trap '' XFSZ; ulimit -f 100; exec \"$0\" \"$@\""_s,
+                                            qEnvironmentVariable("SHELVANE_TOOL")}
+                                    + arguments + QStringList{path},
                                 u"/bin/sh"_s);
 
-        QCOMPARE(run.status, 1);
+        QCOMPARE(run.status, status);
         QVERIFY2(run.err.startsWith(u"shelvane-catalog: cannot make %1: "_s.arg(path)), qPrintable(run.err));
         QCOMPARE(run.err.count(u'\n'), 1);
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
@@ -168,6 +181,77 @@ private Q_SLOTS:
         QCOMPARE(run.out, u"cannot be read as an SQLite database: file is not a database\n"_s);
     }
 
+    void importBringsAnOldCatalogueAcross()
+    {
+        QTemporaryDir dir;
+        const QString old = jetFixture(u"QuireshelfCatalog01.mdb"_s);
+        const QString path = dir.filePath(u"QuireshelfCatalog01.mdb"_s);
+
+        const Run run = runTool({u"import"_s, old, path});
+
+        QCOMPARE(run.status, 0);
+        QCOMPARE(run.err, QString()); // no progress shown when stderr is no terminal
+        const QStringList lines = run.out.split(u'\n');
+        QCOMPARE(lines.mid(0, 12), (QStringList{
+            path + u": imported from "_s + old,
+            u"  tblPublisher                12 rows"_s,
+            u"  tblAuthor                   40 rows"_s,
+            u"  tblTopic                    15 rows"_s,
+            u"  tblBook                    120 rows"_s,
+            u"  tblBookAuthor              213 rows"_s,
+            u"  tblBookTopic               159 rows"_s,
+            u"  tblCatalogueControl          1 row"_s,
+            u"  tblCriteriaHits              0 rows"_s,
+            u"  tblLabelTable                0 rows"_s,
+            u"  problems                     0"_s,
+            lines.value(11)}));
+        QVERIFY2(QRegularExpression(u"^  time +\\d+\\.\\d\\d s \\(\\d+ rows a second\\)$"_s).match(lines.value(11)).hasMatch(),
+                 qPrintable(lines.value(11)));
+        QCOMPARE(lines.mid(12), (QStringList{path + u": catalogue is sound"_s, QString()}));
+        QCOMPARE(bookCount(path), 120);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"QuireshelfCatalog01.mdb"_s});
+    }
+
+    void importFailuresGiveStatus2AndNoFile_data()
+    {
+        QTest::addColumn<QString>("old");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("not Jet") << jetFixture(u"README.md"_s) << u"%1 is not a Jet database"_s;
+        QTest::newRow("no catalogue") << jetFixture(u"access2003-unicode.mdb"_s)
+                                      << u"%1 is not a catalogue: it has none of a catalogue's tables"_s;
+        QTest::newRow("missing") << jetFixture(u"none.mdb"_s) << u"%1 does not exist"_s;
+    }
+
+    void importFailuresGiveStatus2AndNoFile()
+    {
+        QFETCH(QString, old);
+        QFETCH(QString, error);
+        QTemporaryDir dir;
+
+        const Run run = runTool({u"import"_s, old, dir.filePath(u"new.mdb"_s)});
+
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.err, u"shelvane-catalog: "_s + error.arg(old) + u'\n');
+        QCOMPARE(run.out, QString());
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+    }
+
+    void importReplacesAFileOnlyWithForce()
+    {
+        TestCatalogue catalogue;
+        const QByteArray before = fileFingerprint(catalogue.path());
+        const QString old = jetFixture(u"QuireshelfCatalog01.mdb"_s);
+
+        const Run refused = runTool({u"import"_s, old, catalogue.path()});
+        QCOMPARE(refused.status, 2);
+        QCOMPARE(refused.err, u"shelvane-catalog: %1 exists already (use --force to replace it)\n"_s.arg(catalogue.path()));
+        QCOMPARE(fileFingerprint(catalogue.path()), before);
+
+        const Run replaced = runTool({u"import"_s, u"--force"_s, old, catalogue.path()});
+        QCOMPARE(replaced.status, 0);
+        QCOMPARE(bookCount(catalogue.path()), 120);
+    }
+
     void badCommandLinesGetUsageAndStatus2_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -184,6 +268,10 @@ private Q_SLOTS:
         QTest::newRow("two paths") << QStringList{u"check"_s, u"a.mdb"_s, u"b.mdb"_s}
                                    << u"unexpected argument \"b.mdb\""_s << u"Usage: shelvane-catalog check PATH"_s;
         QTest::newRow("no --books") << QStringList{u"generate"_s, u"x.mdb"_s} << u"--books N is required"_s << generateUsage;
+        const QString importUsage = u"Usage: shelvane-catalog import OLD NEW [--strict] [--force]"_s;
+        QTest::newRow("import without NEW") << QStringList{u"import"_s, u"old.mdb"_s} << u"no NEW given"_s << importUsage;
+        QTest::newRow("import of three") << QStringList{u"import"_s, u"a.mdb"_s, u"b.mdb"_s, u"c.mdb"_s}
+                                         << u"unexpected argument \"c.mdb\""_s << importUsage;
         for (const QString &books : {u"0"_s, u"40000"_s, u"abc"_s}) {
             QTest::addRow("--books %s", qPrintable(books))
                 << QStringList{u"generate"_s, u"x.mdb"_s, u"--books"_s, books}
@@ -218,6 +306,8 @@ private Q_SLOTS:
         QTest::newRow("generate") << QStringList{u"generate"_s, u"--help"_s}
                                   << u"Usage: shelvane-catalog generate PATH --books N [--seed S] [--force]"_s;
         QTest::newRow("check") << QStringList{u"check"_s, u"--help"_s} << u"Usage: shelvane-catalog check PATH"_s;
+        QTest::newRow("import") << QStringList{u"import"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog import OLD NEW [--strict] [--force]"_s;
     }
 
     void helpIsThereForEveryCommand()
