@@ -1,9 +1,19 @@
 #include "search/searchforms.h"
 
+#include "search/bookbrowser.h"
+#include "search/bookbrowserkind.h"
+#include "search/frmbooklisting.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 
+using namespace Qt::StringLiterals;
+
 void RegisterSearchForms(MainFrame &frame)
 {
-    Q_UNUSED(frame);
+    frame.forms().registerForm(u"frmBookListing"_s, FormRegistry::Placement::Child,
+                               [&frame] { return new FrmBookListing(frame); });
+    for (const BookBrowserKind &kind : BookBrowserKinds()) {
+        frame.forms().registerForm(kind.formName, FormRegistry::Placement::Child,
+                                   [&kind, &frame] { return new BookBrowser(kind, frame); });
+    }
 }

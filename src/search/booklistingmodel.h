@@ -1,0 +1,54 @@
+#pragma once
+
+#include "search/bookdetails.h"
+
+#include <QAbstractTableModel>
+#include <QList>
+
+#include <functional>
+#include <vector>
+
+// The rows of the book listing over the books as they were read, with a check box in the
+// first column. Sorting only reorders an index over the rows, so that sorting and closing
+// stay quick for a large collection.
+class BookListingModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    explicit BookListingModel(QList<BookListingRow> rows, QObject *parent = nullptr);
+
+    // The column headers as designed.
+    static QStringList headers();
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+
+    // By row as shown now.
+    QString key(int row) const;
+    QString text(int row, int column) const;
+    bool isTicked(int row) const;
+    void setTicked(int row, bool ticked);
+    QList<int> tickedRows() const;
+
+    // Orders the rows by a column's text, ignoring letter case.
+    void sortAsText(int column, Qt::SortOrder order);
+    // Orders the rows by one value per row as shown now.
+    void sortByValue(const QList<double> &values, Qt::SortOrder order);
+
+Q_SIGNALS:
+    // A row's box was ticked (not unticked) by its user.
+    void rowTicked(int row);
+
+private:
+    void reorder(const std::function<bool(int, int)> &less, Qt::SortOrder order);
+
+    QList<BookListingRow> m_rows;
+    std::vector<int> m_order;   // shown row -> index into m_rows
+    std::vector<bool> m_ticked; // by index into m_rows
+};
