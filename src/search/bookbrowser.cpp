@@ -4,7 +4,7 @@
 #include "data/recordset.h"
 #include "search/bookbrowserkind.h"
 #include "search/bookhandover.h"
-#include "search/treeimages.h"
+#include "search/booktreemodel.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
@@ -17,32 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// A tree node with its key, text, pictures and tag.
-QTreeWidgetItem *makeNode(const QString &key, const QString &text, const QString &image,
-                          const QString &selectedImage, const QString &tag, const QIcon &icon)
-{
-    auto *node = new QTreeWidgetItem(QStringList{text});
-    node->setData(0, BookBrowser::KeyRole, key);
-    node->setData(0, BookBrowser::TagRole, tag);
-    node->setData(0, BookBrowser::ImageRole, image);
-    node->setData(0, BookBrowser::SelectedImageRole, selectedImage);
-    node->setIcon(0, icon);
-    return node;
-}
-
-// A book node shows its picture open while it is the picked one.
-QIcon bookIcon()
-{
-    QIcon icon;
-    const QIcon closed = TreeImage(u"Book"_s);
-    const QIcon open = TreeImage(u"OpenBook"_s);
-    for (const QSize &size : closed.availableSizes()) {
-        icon.addPixmap(closed.pixmap(size), QIcon::Normal);
-        icon.addPixmap(open.pixmap(size), QIcon::Selected);
-    }
-    return icon;
-}
 
 // The fields' values of the first row joined by a blank.
 QString firstRowText(const Recordset &rows, const QStringList &fields)
@@ -68,54 +42,54 @@ BookBrowser::BookBrowser(const BookBrowserKind &kind, MainFrame &frame, QWidget 
     ui->tvwTree->setObjectName(m_kind.tree);
     m_statusBar->setObjectName(u"StatusBar1"_s);
     ui->layForm->addWidget(m_statusBar);
-    connect(ui->tvwTree, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem *node) { RunHandler([&] { onNodeClicked(node); }); });
+    connect(ui->tvwTree, &QTreeView::clicked, this,
+            [this](const QModelIndex &node) { RunHandler([&] { onNodeClicked(node); }); });
     RunHandler([this] { buildTree(); });
 }
 
 BookBrowser::~BookBrowser() = default;
 
-// One root whenever the root's key changes from the row before; every row is a book under
-// the current root.
+// An empty tree when no book is linked: the form says so and cannot edit.
 void BookBrowser::buildTree()
 {
+    m_nodes = new BookTreeModel(m_kind.rootImage, this);
     Connection connection;
     connection.open(m_frame.session().connectionString());
     const std::unique_ptr<Recordset> rows = Recordset::open(connection, m_kind.loadSql);
     if (rows->bof() && rows->eof()) {
         MsgBox(m_kind.emptyMessage, Vb::OKOnly | Vb::Exclamation, m_kind.emptyTitle);
         ui->cmdEdit->setEnabled(false);
-        return;
+    } else {
+        m_statusBar->setPanelText(1, u"Total: "_s + QString::number(rows->recordCount())
+                                         + u" entries."_s);
+        addNodes(*rows);
     }
-    m_statusBar->setPanelText(1, u"Total: "_s + QString::number(rows->recordCount())
-                                     + u" entries."_s);
-    const int rootId = rows->fieldIndex(m_kind.rootIdField);
-    const int rootText = rows->fieldIndex(m_kind.rootTextField);
-    const int bookId = rows->fieldIndex(u"BookID"_s);
-    const int bookText = rows->fieldIndex(u"BookDescription"_s);
-    const QIcon rootIcon = TreeImage(m_kind.rootImage);
-    const QIcon bookPicture = bookIcon();
-
-    QList<QTreeWidgetItem *> roots;
-    QString rootKey;
-    for (int row = 0; row < rows->recordCount(); ++row) {
-        const QString key = u"T"_s + rows->valueAt(row, rootId).toString();
-        if (roots.isEmpty() || key != rootKey) {
-            rootKey = key;
-            roots.append(makeNode(key, rows->valueAt(row, rootText).toString(), m_kind.rootImage,
-                                  QString(), QString(), rootIcon));
-        }
-        const QString book = rows->valueAt(row, bookId).toString();
-        roots.last()->addChild(makeNode(key + u'B' + book, rows->valueAt(row, bookText).toString(),
-                                        u"Book"_s, u"OpenBook"_s, book, bookPicture));
-    }
-    // Added all at once: far quicker than root by root for a large collection.
-    ui->tvwTree->addTopLevelItems(roots);
+    ui->tvwTree->setModel(m_nodes);
 }
 
-void BookBrowser::onNodeClicked(QTreeWidgetItem *node)
+// One root whenever the root's key changes from the row before; every row is a book under
+// the current root.
+void BookBrowser::addNodes(const Recordset &rows)
 {
-    const QString tag = node->data(0, TagRole).toString();
+    const int rootId = rows.fieldIndex(m_kind.rootIdField);
+    const int rootText = rows.fieldIndex(m_kind.rootTextField);
+    const int bookId = rows.fieldIndex(u"BookID"_s);
+    const int bookText = rows.fieldIndex(u"BookDescription"_s);
+    QString rootKey;
+    for (int row = 0; row < rows.recordCount(); ++row) {
+        const QString key = u"T"_s + rows.valueAt(row, rootId).toString();
+        if (row == 0 || key != rootKey) {
+            rootKey = key;
+            m_nodes->addRoot(key, rows.valueAt(row, rootText).toString());
+        }
+        m_nodes->addBook(rows.valueAt(row, bookId).toLongLong(),
+                         rows.valueAt(row, bookText).toString());
+    }
+}
+
+void BookBrowser::onNodeClicked(const QModelIndex &node)
+{
+    const QString tag = node.data(BookTreeModel::TagRole).toString();
     if (!tag.isEmpty())
         showBook(tag);
 }

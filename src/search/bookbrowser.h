@@ -5,8 +5,10 @@
 #include <memory>
 
 class MainFrame;
-class QTreeWidgetItem;
+class BookTreeModel;
+class QModelIndex;
 class RecordStatusBar;
+class Recordset;
 struct BookBrowserKind;
 namespace Ui {
 class frmBookBrowser;
@@ -20,9 +22,6 @@ class BookBrowser : public QWidget
     Q_OBJECT
 
 public:
-    // What a node carries besides its text, as roles of its first column.
-    enum NodeRole { KeyRole = Qt::UserRole, TagRole, ImageRole, SelectedImageRole };
-
     BookBrowser(const BookBrowserKind &kind, MainFrame &frame, QWidget *parent = nullptr);
     ~BookBrowser() override;
 
@@ -35,11 +34,13 @@ private Q_SLOTS:
 
 private:
     void buildTree();
-    void onNodeClicked(QTreeWidgetItem *node);
+    void addNodes(const Recordset &rows);
+    void onNodeClicked(const QModelIndex &node);
     void showBook(const QString &bookId);
 
     std::unique_ptr<Ui::frmBookBrowser> ui;
     const BookBrowserKind &m_kind;
     MainFrame &m_frame;
     RecordStatusBar *m_statusBar;
+    BookTreeModel *m_nodes = nullptr;
 };

@@ -9,58 +9,86 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The first row's values of some fields of a chapter; empty when the chapter has no rows.
-QVariantList firstRowOf(const ShapedRecordset &parent, const QString &chapter, int row,
-                        const QStringList &fields)
+// Some fields of the first related row of one chapter, read straight from the chapter's rows:
+// building a chapter for each of many books would cost far more than reading them.
+class FirstRelated
 {
-    const std::unique_ptr<ShapedRecordset> rows = parent.chapter(chapter, row);
-    if (!rows || rows->records().recordCount() == 0)
-        return {};
-    const Recordset &records = rows->records();
-    QVariantList values;
-    for (const QString &field : fields)
-        values.append(records.valueAt(0, records.fieldIndex(field)));
-    return values;
-}
+public:
+    FirstRelated(const ShapedRecordset &parent, const QString &chapter, const QStringList &fields)
+        : m_parent(parent)
+        , m_chapter(chapter)
+        , m_rows(parent.chapterRecords(chapter))
+    {
+        for (const QString &field : fields)
+            m_fields.append(m_rows->fieldIndex(field));
+    }
 
-QString authorText(const ShapedRecordset &books, int row)
-{
-    const QVariantList author = firstRowOf(books, u"AuthorDetails"_s, row,
-                                           {u"AuthorSurname"_s, u"AuthorFirstname"_s});
-    if (author.isEmpty())
-        return u"Book has no author assigned"_s;
-    return author.at(0).toString() + u", "_s + author.at(1).toString();
-}
+    // Empty when the parent row has no related rows.
+    QVariantList of(int parentRow) const
+    {
+        const QList<int> related = m_parent.chapterRows(m_chapter, parentRow);
+        if (related.isEmpty())
+            return {};
+        QVariantList values;
+        for (int field : m_fields)
+            values.append(m_rows->valueAt(related.first(), field));
+        return values;
+    }
 
-QString topicText(const ShapedRecordset &books, int row)
-{
-    const QVariantList topic = firstRowOf(books, u"TopicDetails"_s, row, {u"TopicDescription"_s});
-    return topic.isEmpty() ? u"Book has no topic assigned"_s : topic.at(0).toString();
-}
+private:
+    const ShapedRecordset &m_parent;
+    QString m_chapter;
+    const Recordset *m_rows;
+    QList<int> m_fields;
+};
 
-QString publisherText(const ShapedRecordset &books, int row)
+// Makes the listing's rows from the books and their chapters.
+class ListingRowMaker
 {
-    const QVariantList publisher =
-        firstRowOf(books, u"PublisherDetails"_s, row, {u"PublisherName"_s});
-    return publisher.isEmpty() ? QString() : publisher.at(0).toString();
-}
+public:
+    explicit ListingRowMaker(const ShapedRecordset &books)
+        : m_books(books.records())
+        , m_bookId(m_books.fieldIndex(u"BookID"_s))
+        , m_title(m_books.fieldIndex(u"BookDescription"_s))
+        , m_price(m_books.fieldIndex(u"BookPrice"_s))
+        , m_condition(m_books.fieldIndex(u"BookCondition"_s))
+        , m_published(m_books.fieldIndex(u"BookWhenPublished"_s))
+        , m_author(books, u"AuthorDetails"_s, {u"AuthorSurname"_s, u"AuthorFirstname"_s})
+        , m_topic(books, u"TopicDetails"_s, {u"TopicDescription"_s})
+        , m_publisher(books, u"PublisherDetails"_s, {u"PublisherName"_s})
+    {
+    }
 
-BookListingRow listingRow(const ShapedRecordset &books, int row)
-{
-    const Recordset &book = books.records();
-    const auto field = [&](const QString &name) {
-        return book.valueAt(row, book.fieldIndex(name));
-    };
-    QStringList texts(BookColumn::Count);
-    texts[BookColumn::Author] = authorText(books, row);
-    texts[BookColumn::Title] = field(u"BookDescription"_s).toString();
-    texts[BookColumn::Price] = FieldFormats::display(field(u"BookPrice"_s), FieldFormat::Money);
-    texts[BookColumn::Condition] = field(u"BookCondition"_s).toString();
-    texts[BookColumn::Publisher] = publisherText(books, row);
-    texts[BookColumn::Published] = field(u"BookWhenPublished"_s).toString(); // null: empty
-    texts[BookColumn::Topic] = topicText(books, row);
-    return {u"B"_s + field(u"BookID"_s).toString(), texts};
-}
+    BookListingRow operator()(int row) const
+    {
+        const auto field = [&](int column) { return m_books.valueAt(row, column); };
+        QStringList texts(BookColumn::Count);
+        const QVariantList author = m_author.of(row);
+        texts[BookColumn::Author] = author.isEmpty()
+            ? u"Book has no author assigned"_s
+            : author.at(0).toString() + u", "_s + author.at(1).toString();
+        texts[BookColumn::Title] = field(m_title).toString();
+        texts[BookColumn::Price] = FieldFormats::display(field(m_price), FieldFormat::Money);
+        texts[BookColumn::Condition] = field(m_condition).toString();
+        texts[BookColumn::Publisher] = m_publisher.of(row).value(0).toString();
+        texts[BookColumn::Published] = field(m_published).toString(); // null: empty
+        const QVariantList topic = m_topic.of(row);
+        texts[BookColumn::Topic] =
+            topic.isEmpty() ? u"Book has no topic assigned"_s : topic.at(0).toString();
+        return {u"B"_s + field(m_bookId).toString(), texts};
+    }
+
+private:
+    const Recordset &m_books;
+    int m_bookId;
+    int m_title;
+    int m_price;
+    int m_condition;
+    int m_published;
+    FirstRelated m_author;
+    FirstRelated m_topic;
+    FirstRelated m_publisher;
+};
 
 } // namespace
 
@@ -83,10 +111,11 @@ QList<BookListingRow> ReadBookDetails(const QString &connectionString)
     connection.open(connectionString);
     const std::unique_ptr<ShapedRecordset> books =
         ShapeCommand(BookDetailsCommandText()).execute(connection);
+    const ListingRowMaker listingRow(*books);
     QList<BookListingRow> rows;
     const int count = books->records().recordCount();
     rows.reserve(count);
     for (int row = 0; row < count; ++row)
-        rows.append(listingRow(*books, row));
+        rows.append(listingRow(row));
     return rows;
 }

@@ -5,7 +5,6 @@
 #include <QAbstractTableModel>
 #include <QList>
 
-#include <functional>
 #include <vector>
 
 // The rows of the book listing over the books as they were read, with a check box in the
@@ -46,7 +45,9 @@ Q_SIGNALS:
     void rowTicked(int row);
 
 private:
-    void reorder(const std::function<bool(int, int)> &less, Qt::SortOrder order);
+    template<typename Key>
+    std::vector<int> sortedOrder(const std::vector<Key> &keys, Qt::SortOrder order) const;
+    void reorder(std::vector<int> sorted);
 
     QList<BookListingRow> m_rows;
     std::vector<int> m_order;   // shown row -> index into m_rows

@@ -3,7 +3,7 @@
 
 #include "books/bookformfixture.h"
 #include "browsefixture.h"
-#include "search/bookbrowser.h"
+#include "search/booktreemodel.h"
 #include "search/treeimages.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
@@ -19,7 +19,7 @@
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QTextBrowser>
-#include <QTreeWidget>
+#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -85,9 +85,20 @@ const BrowserCase &caseNamed(const QString &form)
 const QStringList DetailBoxes{u"txtBookID"_s, u"txtTitle"_s, u"txtAuthor"_s, u"txtTopic"_s,
                               u"txtPublisher"_s};
 
-QTreeWidget *treeOf(const QWidget *form, const BrowserCase &c)
+QTreeView *treeOf(const QWidget *form, const BrowserCase &c)
 {
-    return FindControl<QTreeWidget>(form, c.tree);
+    return FindControl<QTreeView>(form, c.tree);
+}
+
+// A root by its row, or a book by its row under a root.
+QModelIndex node(const QTreeView *tree, int row, const QModelIndex &root = {})
+{
+    return tree->model()->index(row, 0, root);
+}
+
+int childCount(const QTreeView *tree, const QModelIndex &root = {})
+{
+    return tree->model()->rowCount(root);
 }
 
 QString text(const QWidget *form, const QString &box)
@@ -109,33 +120,38 @@ void click(const QWidget *form, const QString &button)
 }
 
 // A click on a node, its root opened first so that it can be seen.
-void clickNode(QTreeWidget *tree, QTreeWidgetItem *node)
+void clickNode(QTreeView *tree, const QModelIndex &node)
 {
-    if (node->parent())
-        node->parent()->setExpanded(true);
-    tree->scrollToItem(node);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(node).center());
+    if (node.parent().isValid())
+        tree->expand(node.parent());
+    tree->scrollTo(node);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node).center());
 }
 
-QString key(const QTreeWidgetItem *node)
+QString key(const QModelIndex &node)
 {
-    return node->data(0, BookBrowser::KeyRole).toString();
+    return node.data(BookTreeModel::KeyRole).toString();
 }
 
-QString tag(const QTreeWidgetItem *node)
+QString tag(const QModelIndex &node)
 {
-    return node->data(0, BookBrowser::TagRole).toString();
+    return node.data(BookTreeModel::TagRole).toString();
+}
+
+QIcon picture(const QModelIndex &node)
+{
+    return node.data(Qt::DecorationRole).value<QIcon>();
 }
 
 // Every book node of a book, under whichever roots it stands.
-QList<QTreeWidgetItem *> bookNodes(const QTreeWidget *tree, const QString &bookId)
+QList<QModelIndex> bookNodes(const QTreeView *tree, const QString &bookId)
 {
-    QList<QTreeWidgetItem *> nodes;
-    for (int r = 0; r < tree->topLevelItemCount(); ++r) {
-        QTreeWidgetItem *root = tree->topLevelItem(r);
-        for (int b = 0; b < root->childCount(); ++b) {
-            if (tag(root->child(b)) == bookId)
-                nodes.append(root->child(b));
+    QList<QModelIndex> nodes;
+    for (int r = 0; r < childCount(tree); ++r) {
+        const QModelIndex root = node(tree, r);
+        for (int b = 0; b < childCount(tree, root); ++b) {
+            if (tag(node(tree, b, root)) == bookId)
+                nodes.append(node(tree, b, root));
         }
     }
     return nodes;
@@ -154,8 +170,7 @@ class TestBookBrowsers : public QObject
     Q_OBJECT
 
     std::unique_ptr<BrowseFixture> m_fixture;
-    // Owned here and let go before the trees are: a tree widget's model announces its
-    // clearing while the tree is being destroyed, when it can no longer be looked at.
+    // Owned here and let go before the forms, whose trees they look at.
     std::vector<std::unique_ptr<QAbstractItemModelTester>> m_testers;
 
     QWidget *openBrowser(const BrowserCase &c, const QString &opener = {})
@@ -229,7 +244,7 @@ private Q_SLOTS:
         QFETCH(QString, form);
         const BrowserCase &c = caseNamed(form);
         QWidget *shown = openBrowser(c);
-        const QTreeWidget *tree = treeOf(shown, c);
+        const QTreeView *tree = treeOf(shown, c);
 
         QSqlQuery rows(m_fixture->catalogue().db());
         QVERIFY(rows.exec(c.rowsSql));
@@ -242,27 +257,27 @@ private Q_SLOTS:
             const QString rowRootKey = u"T"_s + rows.value(0).toString();
             if (root < 0 || rowRootKey != rootKey) {
                 if (root >= 0)
-                    QCOMPARE(tree->topLevelItem(root)->childCount(), child);
+                    QCOMPARE(childCount(tree, node(tree, root)), child);
                 rootKey = rowRootKey;
                 ++root;
                 child = 0;
-                const QTreeWidgetItem *node = tree->topLevelItem(root);
-                QVERIFY(node);
-                QCOMPARE(key(node), rootKey);
-                QCOMPARE(node->text(0), rows.value(1).toString());
-                QCOMPARE(tag(node), QString());
-                QCOMPARE(node->data(0, BookBrowser::ImageRole).toString(), c.rootImage);
+                const QModelIndex rootNode = node(tree, root);
+                QVERIFY(rootNode.isValid());
+                QCOMPARE(key(rootNode), rootKey);
+                QCOMPARE(rootNode.data().toString(), rows.value(1).toString());
+                QCOMPARE(tag(rootNode), QString());
+                QCOMPARE(rootNode.data(BookTreeModel::ImageRole).toString(), c.rootImage);
             }
-            const QTreeWidgetItem *book = tree->topLevelItem(root)->child(child++);
-            QVERIFY(book);
+            const QModelIndex book = node(tree, child++, node(tree, root));
+            QVERIFY(book.isValid());
             QCOMPARE(key(book), rootKey + u'B' + rows.value(2).toString());
-            QCOMPARE(book->text(0), rows.value(3).toString());
+            QCOMPARE(book.data().toString(), rows.value(3).toString());
             QCOMPARE(tag(book), rows.value(2).toString());
-            QCOMPARE(book->data(0, BookBrowser::ImageRole).toString(), u"Book"_s);
-            QCOMPARE(book->data(0, BookBrowser::SelectedImageRole).toString(), u"OpenBook"_s);
+            QCOMPARE(book.data(BookTreeModel::ImageRole).toString(), u"Book"_s);
+            QCOMPARE(book.data(BookTreeModel::SelectedImageRole).toString(), u"OpenBook"_s);
         }
-        QCOMPARE(tree->topLevelItem(root)->childCount(), child);
-        QCOMPARE(tree->topLevelItemCount(), root + 1);
+        QCOMPARE(childCount(tree, node(tree, root)), child);
+        QCOMPARE(childCount(tree), root + 1);
         QCOMPARE(FindControl<RecordStatusBar>(shown, u"StatusBar1"_s)->panelText(1),
                  u"Total: %1 entries."_s.arg(count));
     }
@@ -273,9 +288,9 @@ private Q_SLOTS:
         QFETCH(QString, form);
         const BrowserCase &c = caseNamed(form);
         QWidget *shown = openBrowser(c);
-        const QTreeWidgetItem *root = treeOf(shown, c)->topLevelItem(0);
-        QVERIFY(samePicture(root->icon(0), TreeImage(c.rootImage)));
-        const QIcon book = root->child(0)->icon(0);
+        const QModelIndex root = node(treeOf(shown, c), 0);
+        QVERIFY(samePicture(picture(root), TreeImage(c.rootImage)));
+        const QIcon book = picture(node(treeOf(shown, c), 0, root));
         QVERIFY(samePicture(book, TreeImage(u"Book"_s)));
         QVERIFY(samePicture(book, TreeImage(u"OpenBook"_s), QIcon::Selected));
         QVERIFY(!samePicture(TreeImage(u"Book"_s), TreeImage(u"OpenBook"_s)));
@@ -293,7 +308,7 @@ private Q_SLOTS:
         QWidget *shown = openBrowser(c);
         QCOMPARE(responder.finish(), QString());
         QVERIFY(shown);
-        QCOMPARE(treeOf(shown, c)->topLevelItemCount(), 0);
+        QCOMPARE(childCount(treeOf(shown, c)), 0);
         QVERIFY(!FindControl<QPushButton>(shown, u"cmdEdit"_s)->isEnabled());
         QCOMPARE(FindControl<RecordStatusBar>(shown, u"StatusBar1"_s)->panelText(1), QString());
     }
@@ -340,12 +355,12 @@ private Q_SLOTS:
         QFETCH(QString, form);
         const BrowserCase &c = caseNamed(form);
         QWidget *shown = openBrowser(c);
-        QTreeWidget *tree = treeOf(shown, c);
-        clickNode(tree, tree->topLevelItem(0));
+        QTreeView *tree = treeOf(shown, c);
+        clickNode(tree, node(tree, 0));
         QCOMPARE(details(shown), QStringList(DetailBoxes.size()));
-        clickNode(tree, tree->topLevelItem(0)->child(0));
+        clickNode(tree, node(tree, 0, node(tree, 0)));
         const QStringList picked = details(shown);
-        clickNode(tree, tree->topLevelItem(1));
+        clickNode(tree, node(tree, 1));
         QCOMPARE(details(shown), picked);
     }
 
@@ -370,16 +385,16 @@ private Q_SLOTS:
     void bookInTwoTopicsStandsUnderBoth()
     {
         QWidget *shown = openBrowser(TopicCase);
-        QTreeWidget *tree = treeOf(shown, TopicCase);
-        const QList<QTreeWidgetItem *> nodes = bookNodes(tree, u"1"_s);
+        QTreeView *tree = treeOf(shown, TopicCase);
+        const QList<QModelIndex> nodes = bookNodes(tree, u"1"_s);
         QCOMPARE(nodes.size(), 2);
-        QVERIFY(nodes.at(0)->parent() != nodes.at(1)->parent());
+        QVERIFY(nodes.at(0).parent() != nodes.at(1).parent());
         QVERIFY(key(nodes.at(0)) != key(nodes.at(1)));
         clickNode(tree, nodes.at(0));
         const QStringList first = details(shown);
         QCOMPARE(first.at(0), u"1"_s);
         QCOMPARE(first.at(1), u"Pride and Prejudice"_s);
-        clickNode(tree, tree->topLevelItem(0)); // away, to a root, and back to the other node
+        clickNode(tree, node(tree, 0)); // away, to a root, and back to the other node
         clickNode(tree, nodes.at(1));
         QCOMPARE(details(shown), first);
     }
@@ -390,16 +405,16 @@ private Q_SLOTS:
         QFETCH(QString, form);
         const BrowserCase &c = caseNamed(form);
         QWidget *shown = openBrowser(c);
-        const QTreeWidget *tree = treeOf(shown, c);
+        const QTreeView *tree = treeOf(shown, c);
         const auto expandedRoots = [tree] {
             int expanded = 0;
-            for (int r = 0; r < tree->topLevelItemCount(); ++r)
-                expanded += tree->topLevelItem(r)->isExpanded() ? 1 : 0;
+            for (int r = 0; r < childCount(tree); ++r)
+                expanded += tree->isExpanded(node(tree, r)) ? 1 : 0;
             return expanded;
         };
         QCOMPARE(expandedRoots(), 0);
         click(shown, u"cmdExpand"_s);
-        QCOMPARE(expandedRoots(), tree->topLevelItemCount());
+        QCOMPARE(expandedRoots(), childCount(tree));
         click(shown, u"cmdCollapse"_s);
         QCOMPARE(expandedRoots(), 0);
     }
@@ -476,12 +491,12 @@ private Q_SLOTS:
         QFETCH(QString, form);
         const BrowserCase &c = caseNamed(form);
         QWidget *shown = openBrowser(c);
-        QTreeWidget *tree = treeOf(shown, c);
+        QTreeView *tree = treeOf(shown, c);
         click(shown, u"cmdExpand"_s);
         const QString id = BookIdOf(*m_fixture, u"Wuthering Heights"_s);
-        QTreeWidgetItem *picked = bookNodes(tree, id).first();
+        const QModelIndex picked = bookNodes(tree, id).first();
         clickNode(tree, picked);
-        tree->scrollToItem(picked, QAbstractItemView::PositionAtCenter);
+        tree->scrollTo(picked, QAbstractItemView::PositionAtCenter);
         QVERIFY(!SaveScreenshot(m_fixture->frame().forms().windowOf(shown),
                                 form + u"-expanded"_s)
                      .isEmpty());
