@@ -6,6 +6,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Each row's place among the keys, equal keys sharing one. Worked out at a column's first
+// sort, so that every later sort of it compares numbers rather than texts or amounts.
+template<typename Key>
+std::vector<int> ranksOf(const std::vector<Key> &keys)
+{
+    std::vector<int> byKey(keys.size());
+    std::iota(byKey.begin(), byKey.end(), 0);
+    std::sort(byKey.begin(), byKey.end(), [&keys](int a, int b) { return keys[a] < keys[b]; });
+    std::vector<int> ranks(keys.size());
+    int rank = 0;
+    for (size_t i = 0; i < byKey.size(); ++i) {
+        if (i > 0 && keys[byKey[i - 1]] < keys[byKey[i]])
+            ++rank;
+        ranks[byKey[i]] = rank;
+    }
+    return ranks;
+}
+
+} // namespace
+
 BookListingModel::BookListingModel(QList<BookListingRow> rows, QObject *parent)
     : QAbstractTableModel(parent)
     , m_rows(std::move(rows))
@@ -110,34 +132,40 @@ QList<int> BookListingModel::tickedRows() const
 
 void BookListingModel::sortAsText(int column, Qt::SortOrder order)
 {
-    // Folded once per row rather than in every comparison.
-    std::vector<QString> folded(m_rows.size());
-    for (qsizetype row = 0; row < m_rows.size(); ++row)
-        folded[row] = m_rows.at(row).texts.at(column).toCaseFolded();
-    reorder(sortedOrder(folded, order));
+    std::vector<int> &ranks = m_textRanks.at(column);
+    if (ranks.empty()) {
+        std::vector<QString> folded(m_rows.size());
+        for (qsizetype row = 0; row < m_rows.size(); ++row)
+            folded[row] = m_rows.at(row).texts.at(column).toCaseFolded();
+        ranks = ranksOf(folded);
+    }
+    reorder(sortedOrder(ranks, order));
 }
 
-void BookListingModel::sortByValue(const QList<double> &values, Qt::SortOrder order)
+void BookListingModel::sortByValue(int column, const std::function<double(const QString &)> &valueOf,
+                                   Qt::SortOrder order)
 {
-    // The values come by shown row; the order is made over the rows as read.
-    std::vector<double> valueOf(m_rows.size());
-    for (int row = 0; row < rowCount(); ++row)
-        valueOf[m_order.at(row)] = values.at(row);
-    reorder(sortedOrder(valueOf, order));
+    std::vector<int> &ranks = m_valueRanks.at(column);
+    if (ranks.empty()) {
+        std::vector<double> values(m_rows.size());
+        for (qsizetype row = 0; row < m_rows.size(); ++row)
+            values[row] = valueOf(m_rows.at(row).texts.at(column));
+        ranks = ranksOf(values);
+    }
+    reorder(sortedOrder(ranks, order));
 }
 
 // Equal rows keep the order they had, in either direction.
-template<typename Key>
-std::vector<int> BookListingModel::sortedOrder(const std::vector<Key> &keys,
+std::vector<int> BookListingModel::sortedOrder(const std::vector<int> &ranks,
                                                Qt::SortOrder order) const
 {
     std::vector<int> sorted = m_order;
     if (order == Qt::AscendingOrder)
         std::stable_sort(sorted.begin(), sorted.end(),
-                         [&keys](int a, int b) { return keys[a] < keys[b]; });
+                         [&ranks](int a, int b) { return ranks[a] < ranks[b]; });
     else
         std::stable_sort(sorted.begin(), sorted.end(),
-                         [&keys](int a, int b) { return keys[b] < keys[a]; });
+                         [&ranks](int a, int b) { return ranks[b] < ranks[a]; });
     return sorted;
 }
 

@@ -5,6 +5,9 @@
 #include <QAbstractTableModel>
 #include <QList>
 
+#include <array>
+#include <functional>
+
 #include <vector>
 
 // The rows of the book listing over the books as they were read, with a check box in the
@@ -37,19 +40,23 @@ public:
 
     // Orders the rows by a column's text, ignoring letter case.
     void sortAsText(int column, Qt::SortOrder order);
-    // Orders the rows by one value per row as shown now.
-    void sortByValue(const QList<double> &values, Qt::SortOrder order);
+    // Orders the rows by the value each of the column's texts stands for. A column is always
+    // valued the same way: the values are worked out at its first sort.
+    void sortByValue(int column, const std::function<double(const QString &)> &valueOf,
+                     Qt::SortOrder order);
 
 Q_SIGNALS:
     // A row's box was ticked (not unticked) by its user.
     void rowTicked(int row);
 
 private:
-    template<typename Key>
-    std::vector<int> sortedOrder(const std::vector<Key> &keys, Qt::SortOrder order) const;
+    std::vector<int> sortedOrder(const std::vector<int> &ranks, Qt::SortOrder order) const;
     void reorder(std::vector<int> sorted);
 
     QList<BookListingRow> m_rows;
     std::vector<int> m_order;   // shown row -> index into m_rows
     std::vector<bool> m_ticked; // by index into m_rows
+    // Each row's place by a column's text, and by its value; empty until first sorted so.
+    std::array<std::vector<int>, BookColumn::Count> m_textRanks;
+    std::array<std::vector<int>, BookColumn::Count> m_valueRanks;
 };

@@ -1,6 +1,5 @@
 #include "search/listviewroutines.h"
 
-#include "data/fieldformat.h"
 #include "search/booklistingmodel.h"
 
 #include <QDate>
@@ -12,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The room left around a column's text (about 200 twips at 96 dots per inch).
@@ -22,13 +23,36 @@ BookListingModel &listingOf(const QTreeView *list)
     return *qobject_cast<BookListingModel *>(list->model());
 }
 
-// What a shown text stands for; 0 when it stands for nothing.
-double valueOf(const QString &text, bool isDate)
+// What a shown text stands for, written with the locale's symbols (an amount may carry the
+// currency symbol and group separators); 0 when it stands for nothing. The symbols are looked
+// up once for all rows, and the plain number left is read without the locale, which is many
+// times quicker for a list of thousands.
+class ShownValue
 {
-    if (isDate)
-        return QLocale().toDate(text, QLocale::ShortFormat).toJulianDay();
-    return FieldFormats::parse(text, FieldFormat::Money).toDouble();
-}
+public:
+    explicit ShownValue(bool isDate)
+        : m_isDate(isDate)
+        , m_currencySymbol(m_locale.currencySymbol())
+        , m_groupSeparator(m_locale.groupSeparator())
+        , m_decimalPoint(m_locale.decimalPoint())
+    {
+    }
+
+    double operator()(QString text) const
+    {
+        if (m_isDate)
+            return m_locale.toDate(text, QLocale::ShortFormat).toJulianDay();
+        text.remove(m_currencySymbol).remove(m_groupSeparator).replace(m_decimalPoint, u"."_s);
+        return text.trimmed().toDouble();
+    }
+
+private:
+    QLocale m_locale;
+    bool m_isDate;
+    QString m_currencySymbol;
+    QString m_groupSeparator;
+    QString m_decimalPoint;
+};
 
 // The first column also holds the check box.
 int checkBoxRoom(const QTreeView *list)
@@ -64,12 +88,7 @@ void ListViewSortOnNonStringField(QTreeView *list, int column, Qt::SortOrder ord
 {
     // Hidden while the rows move, so that no half-sorted state is drawn.
     list->setUpdatesEnabled(false);
-    BookListingModel &rows = listingOf(list);
-    QList<double> values;
-    values.reserve(rows.rowCount());
-    for (int row = 0; row < rows.rowCount(); ++row)
-        values.append(valueOf(rows.text(row, column), isDate));
-    rows.sortByValue(values, order);
+    listingOf(list).sortByValue(column, ShownValue(isDate), order);
     list->setUpdatesEnabled(true);
 }
 
