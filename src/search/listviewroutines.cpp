@@ -3,13 +3,14 @@
 #include "search/booklistingmodel.h"
 
 #include <QDate>
-#include <QHash>
 #include <QHeaderView>
 #include <QLocale>
 #include <QStyle>
 #include <QTreeView>
 
 #include <algorithm>
+#include <limits>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -62,25 +63,52 @@ int checkBoxRoom(const QTreeView *list)
         + style->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, list);
 }
 
-int widestText(const QTreeView *list, int column, bool includeHeaders)
+// Sizes texts of the list as drawn. Laying out each of thousands of texts is slow, so every
+// text is first sized by the sum of its characters' advances, which comes within a few
+// pixels of its drawn width; only the widest few by that are laid out.
+class TextWidths
 {
-    const BookListingModel &rows = listingOf(list);
-    const QFontMetrics metrics = list->fontMetrics();
-    int widest = includeHeaders
-        ? list->header()->fontMetrics().horizontalAdvance(BookListingModel::headers().at(column))
-            + TextPadding
-        : 0;
-    // Many rows share a text (a condition, a publisher): each is measured once.
-    QHash<QString, int> measured;
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        const QString text = rows.text(row, column);
-        auto width = measured.constFind(text);
-        if (width == measured.cend())
-            width = measured.insert(text, metrics.horizontalAdvance(text) + TextPadding);
-        widest = std::max(widest, width.value());
+public:
+    explicit TextWidths(const QFontMetrics &metrics)
+        : m_metrics(metrics)
+        , m_advances(std::numeric_limits<char16_t>::max() + 1, -1)
+    {
     }
-    return widest;
-}
+
+    int widest(const BookListingModel &rows, int column)
+    {
+        constexpr int LaidOut = 32;
+        std::vector<std::pair<int, int>> estimates; // estimate, row
+        estimates.reserve(rows.rowCount());
+        for (int row = 0; row < rows.rowCount(); ++row)
+            estimates.emplace_back(estimate(rows.text(row, column)), row);
+        const auto widestFew = estimates.begin() + std::min<qsizetype>(LaidOut, estimates.size());
+        std::partial_sort(estimates.begin(), widestFew, estimates.end(),
+                          [](const auto &a, const auto &b) { return a.first > b.first; });
+        int widest = 0;
+        for (auto candidate = estimates.begin(); candidate != widestFew; ++candidate) {
+            const int drawn = m_metrics.horizontalAdvance(rows.text(candidate->second, column));
+            widest = std::max(widest, drawn);
+        }
+        return widest;
+    }
+
+private:
+    int estimate(const QString &text)
+    {
+        int width = 0;
+        for (const QChar character : text) {
+            int &advance = m_advances[character.unicode()];
+            if (advance < 0)
+                advance = m_metrics.horizontalAdvance(character);
+            width += advance;
+        }
+        return width;
+    }
+
+    QFontMetrics m_metrics;
+    std::vector<int> m_advances; // by UTF-16 code unit; -1 until asked for
+};
 
 } // namespace
 
@@ -94,10 +122,17 @@ void ListViewSortOnNonStringField(QTreeView *list, int column, Qt::SortOrder ord
 
 void ListViewAdjustColumnWidth(QTreeView *list, bool includeHeaders)
 {
+    const BookListingModel &rows = listingOf(list);
+    TextWidths widths(list->fontMetrics());
+    const QFontMetrics headerMetrics = list->header()->fontMetrics();
     for (int column = 0; column < BookColumn::Count; ++column) {
         if (column == BookColumn::Title)
             continue;
-        int width = widestText(list, column, includeHeaders);
+        int width = rows.rowCount() > 0 ? widths.widest(rows, column) + TextPadding : 0;
+        if (includeHeaders) {
+            const QString header = BookListingModel::headers().at(column);
+            width = std::max(width, headerMetrics.horizontalAdvance(header) + TextPadding);
+        }
         if (column == BookColumn::Author)
             width += checkBoxRoom(list);
         list->setColumnWidth(column, width);
