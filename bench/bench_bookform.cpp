@@ -6,7 +6,6 @@
 #include "books/bookforms.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
-#include "data/jetsql.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/recordstatusbar.h"
@@ -16,7 +15,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QSqlQuery>
-#include <QSqlRecord>
 
 #include <algorithm>
 #include <cstdio>
@@ -47,19 +45,6 @@ const QStringList linkStatements{
     "inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid where "
     "tblbookauthor.bookid = "_s,
 };
-
-// Every value of every row, forward only: the least any record set must do.
-void readAll(const QSqlDatabase &db, const QString &statement)
-{
-    QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.exec(JetSql::toSqlite(statement));
-    const int columns = query.record().count();
-    while (query.next()) {
-        for (int c = 0; c < columns; ++c)
-            query.value(c);
-    }
-}
 
 QString bookAt(const QSqlDatabase &db, int position)
 {

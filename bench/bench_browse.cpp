@@ -6,7 +6,6 @@
 
 #include "books/bookforms.h"
 #include "data/connection.h"
-#include "data/jetsql.h"
 #include "data/shapeparser.h"
 #include "search/bookbrowserkind.h"
 #include "search/bookdetails.h"
@@ -19,8 +18,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
-#include <QSqlQuery>
-#include <QSqlRecord>
 #include <QTreeView>
 
 #include <algorithm>
@@ -30,19 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Every value of every row, forward only: the least any record set must do.
-void readAll(const QSqlDatabase &db, const QString &statement)
-{
-    QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.exec(JetSql::toSqlite(statement));
-    const int columns = query.record().count();
-    while (query.next()) {
-        for (int c = 0; c < columns; ++c)
-            query.value(c);
-    }
-}
 
 // The selects of the listing's shaping command, parent first.
 QStringList listingSelects()

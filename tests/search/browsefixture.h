@@ -23,6 +23,9 @@ public:
 
     // Runs a statement straight on the file; answers SQLite's error, empty when it ran.
     QString exec(const QString &sql) const;
+    // Adds a book of the first publisher, filed under no author and no topic, published in
+    // the given year (SQL: "null" for none). Answers SQLite's error, empty when it ran.
+    QString addUnlinkedBook(const QString &title, const QString &published = QStringLiteral("null")) const;
     // The first column of every row of a query.
     QStringList column(const QString &sql) const;
 
@@ -31,6 +34,11 @@ public:
     QWidget *open(const QString &entryOrItem, const QString &formName) const;
     // The book keys in tblCriteriaHits, in key order.
     QStringList hits() const;
+    // The loaded book form, shown or not; nullptr when none is loaded.
+    QWidget *bookForm() const;
+    // Empty when the book form is shown as a hand-over leaves it: filtered on one book, of
+    // that title, with nothing pending; otherwise what differs.
+    QString bookFormShowsOnly(const QString &title) const;
 
 private:
     CatalogueOpener m_opener;
