@@ -61,18 +61,27 @@ QVariant BookListingModel::data(const QModelIndex &index, int role) const
         return text(index.row(), index.column());
     if (role == Qt::CheckStateRole && index.column() == BookColumn::Author)
         return isTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
-    // Amounts line up on their pence.
-    if (role == Qt::TextAlignmentRole && index.column() == BookColumn::Price)
-        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignment(index.column()));
     return {};
 }
 
 QVariant BookListingModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= BookColumn::Count)
+    if (orientation != Qt::Horizontal || section < 0 || section >= BookColumn::Count)
         return {};
-    return headers().at(section);
+    if (role == Qt::DisplayRole)
+        return headers().at(section);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignment(section));
+    return {};
+}
+
+// Amounts line up on their pence, under a heading that lines up with them.
+Qt::Alignment BookListingModel::alignment(int column)
+{
+    return column == BookColumn::Price ? Qt::AlignRight | Qt::AlignVCenter
+                                       : Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 Qt::ItemFlags BookListingModel::flags(const QModelIndex &index) const

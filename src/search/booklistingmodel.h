@@ -50,6 +50,7 @@ Q_SIGNALS:
     void rowTicked(int row);
 
 private:
+    static Qt::Alignment alignment(int column);
     std::vector<int> sortedOrder(const std::vector<int> &ranks, Qt::SortOrder order) const;
     void reorder(std::vector<int> sorted);
 
