@@ -79,9 +79,9 @@ int main(int argc, char **argv)
     const QString firstBook = bookAt(db, 1);
     const double rawShowMs = bestMilliseconds(3, [&] {
         for (const QString &statement : BookFormLoadStatements())
-            ReadAll(db, statement);
+            readAll(db, statement);
         for (const QString &statement : BookFormLinkStatements())
-            ReadAll(db, statement + firstBook);
+            readAll(db, statement + firstBook);
     });
     reportFigure("Books command to the first book shown", showMs, rawShowMs, "ms");
 
@@ -95,7 +95,7 @@ int main(int argc, char **argv)
     const QString nextBook = bookAt(db, position);
     const double rawNextMs = bestMilliseconds(5, [&] {
         for (const QString &statement : BookFormLinkStatements())
-            ReadAll(db, statement + nextBook);
+            readAll(db, statement + nextBook);
     });
     reportFigure("Next, to the next book shown", nextMs, rawNextMs, "ms");
     return 0;

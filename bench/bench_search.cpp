@@ -51,7 +51,7 @@ QString firstHit(const QSqlDatabase &db)
 
 void rawSearch(QSqlDatabase db)
 {
-    ReadAll(db, EveryBook);
+    readAll(db, EveryBook);
     db.transaction();
     QSqlQuery(db).exec(u"Delete from tblcriteriahits"_s);
     QSqlQuery(db).exec(u"Insert into tblcriteriahits (BookID) "_s + EveryBook);
@@ -60,10 +60,10 @@ void rawSearch(QSqlDatabase db)
     load[BookRowsStatement] = FilteredBooks;
     load[BookLookupStatement] = FilteredLookup;
     for (const QString &statement : std::as_const(load))
-        ReadAll(db, statement);
+        readAll(db, statement);
     const QString book = firstHit(db);
     for (const QString &statement : BookFormLinkStatements())
-        ReadAll(db, statement + book);
+        readAll(db, statement + book);
 }
 
 } // namespace

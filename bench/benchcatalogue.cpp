@@ -2,8 +2,11 @@
 
 #include "catalogue/cataloguefile.h"
 #include "catalogue/generator.h"
+#include "data/jetsql.h"
 
 #include <QElapsedTimer>
+#include <QSqlQuery>
+#include <QSqlRecord>
 
 #include <algorithm>
 #include <cstdio>
@@ -41,4 +44,16 @@ double bestMilliseconds(int runs, const std::function<void()> &action)
         best = std::min(best, double(timer.nsecsElapsed()) / 1e6);
     }
     return best;
+}
+
+void readAll(const QSqlDatabase &db, const QString &statement)
+{
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    query.exec(JetSql::toSqlite(statement));
+    const int columns = query.record().count();
+    while (query.next()) {
+        for (int c = 0; c < columns; ++c)
+            query.value(c);
+    }
 }

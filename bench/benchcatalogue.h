@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSqlDatabase>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -20,3 +21,6 @@ private:
 void reportFigure(const char *what, double value, double baseline, const char *unit);
 // Milliseconds an action takes, the best of a few runs, so one slow moment does not count.
 double bestMilliseconds(int runs, const std::function<void()> &action);
+// Every value of every row of a statement (Jet SQL, translated), forward only: the least any
+// record set must do, and so the raw baseline of the benchmarks.
+void readAll(const QSqlDatabase &db, const QString &statement);

@@ -1,10 +1,5 @@
 #include "bookformstatements.h"
 
-#include "data/jetsql.h"
-
-#include <QSqlQuery>
-#include <QSqlRecord>
-
 using namespace Qt::StringLiterals;
 
 const QStringList &BookFormLoadStatements()
@@ -34,16 +29,4 @@ const QStringList &BookFormLinkStatements()
         "tblbookauthor.bookid = "_s,
     };
     return statements;
-}
-
-void ReadAll(const QSqlDatabase &db, const QString &statement)
-{
-    QSqlQuery query(db);
-    query.setForwardOnly(true);
-    query.exec(JetSql::toSqlite(statement));
-    const int columns = query.record().count();
-    while (query.next()) {
-        for (int c = 0; c < columns; ++c)
-            query.value(c);
-    }
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
 
@@ -11,6 +10,3 @@ inline constexpr int BookRowsStatement = 3;
 inline constexpr int BookLookupStatement = 4;
 // Those that list one book's authors and topics (followed by the book's number).
 const QStringList &BookFormLinkStatements();
-
-// Every value of every row, forward only: the least any record set must do.
-void ReadAll(const QSqlDatabase &db, const QString &statement);

@@ -221,6 +221,33 @@ std::unique_ptr<ShapedRecordset> ShapedRecordset::chapter(const QString &name, i
     return nullptr;
 }
 
+namespace {
+
+const ShapeLevel::Chapter *chapterNamed(const ShapeLevel &level, const QString &name)
+{
+    for (const ShapeLevel::Chapter &chapter : level.chapters) {
+        if (chapter.name.compare(name, Qt::CaseInsensitive) == 0)
+            return &chapter;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QList<int> ShapedRecordset::chapterRows(const QString &name, int row) const
+{
+    const ShapeLevel::Chapter *chapter = chapterNamed(*m_level, name);
+    if (!chapter || row < 0 || row >= m_levelRows.size())
+        return {};
+    return chapter->childRowsOf.at(m_levelRows.at(row));
+}
+
+const Recordset *ShapedRecordset::chapterRecords(const QString &name) const
+{
+    const ShapeLevel::Chapter *chapter = chapterNamed(*m_level, name);
+    return chapter ? chapter->child->rows.get() : nullptr;
+}
+
 ShapeCommand::ShapeCommand(const QString &text)
     : m_tree(ShapeParser::parse(text))
 {

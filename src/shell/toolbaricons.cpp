@@ -39,6 +39,29 @@ QIcon book()
     });
 }
 
+QIcon openBook()
+{
+    return drawn([](QPainter &painter) {
+        painter.setBrush(QColor(0x2a, 0x4d, 0x8f));
+        painter.drawRoundedRect(QRectF(4, 12, 40, 28), 3, 3); // the cover under the pages
+        painter.setBrush(QColor(0xf4, 0xf0, 0xe0));
+        for (const qreal side : {1.0, -1.0}) { // left page, then right page
+            QPainterPath page;
+            page.moveTo(24, 14);
+            page.cubicTo(24 - side * 8, 8, 24 - side * 14, 10, 24 - side * 18, 10);
+            page.lineTo(24 - side * 18, 34);
+            page.cubicTo(24 - side * 14, 34, 24 - side * 8, 32, 24, 38);
+            page.closeSubpath();
+            painter.drawPath(page);
+        }
+        painter.setPen(QPen(QColor(0x90, 0x90, 0x90), 1.5));
+        for (const qreal y : {17.0, 22.0, 27.0}) { // lines of text
+            painter.drawLine(QLineF(10, y, 20, y + 1));
+            painter.drawLine(QLineF(28, y + 1, 38, y));
+        }
+    });
+}
+
 QIcon author()
 {
     return drawn([](QPainter &painter) {

@@ -6,6 +6,8 @@
 // scale cleanly and match one another.
 namespace ToolbarIcons {
 QIcon book();
+// A book lying open: the picked book of the browsers' trees.
+QIcon openBook();
 QIcon author();
 QIcon publisher();
 QIcon topic();

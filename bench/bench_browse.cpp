@@ -1,0 +1,177 @@
+// How quickly the book listing and the two tree browsers come up on a catalogue of 30,000
+// books, how quickly the listing sorts and closes, and how much memory they hold, beside the
+// time SQLite itself takes for the statements behind each.
+
+#include "benchcatalogue.h"
+
+#include "books/bookforms.h"
+#include "data/connection.h"
+#include "data/shapeparser.h"
+#include "search/bookbrowserkind.h"
+#include "search/bookdetails.h"
+#include "search/searchforms.h"
+#include "shell/formregistry.h"
+#include "shell/mainframe.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHeaderView>
+#include <QTreeView>
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The selects of the listing's shaping command, parent first.
+QStringList listingSelects()
+{
+    const ShapeTree tree = ShapeParser::parse(BookDetailsCommandText());
+    QStringList selects{tree.root.source.selectText};
+    for (const ShapeChild &child : tree.root.children)
+        selects.append(child.source.selectText);
+    return selects;
+}
+
+// The best time of a few runs of opening a form from its menu entry until it is drawn; the
+// form is closed again between runs, and left open after the last.
+double openMilliseconds(MainFrame &frame, const QString &entry, const QString &formName)
+{
+    double best = std::numeric_limits<double>::max();
+    for (int run = 0; run < 3; ++run) {
+        if (QWidget *form = frame.forms().find(formName)) {
+            frame.forms().unload(form);
+            QCoreApplication::processEvents();
+        }
+        QElapsedTimer timer;
+        timer.start();
+        frame.action(entry)->trigger();
+        QCoreApplication::processEvents();
+        best = std::min(best, double(timer.nsecsElapsed()) / 1e6);
+    }
+    return best;
+}
+
+double residentMebibytes()
+{
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
+    }
+    return 0;
+}
+
+QString entryOf(const BookBrowserKind &kind)
+{
+    return kind.formName == u"frmTopicBook" ? u"mnuTopicSrch"_s : u"mnuAuthorSrch"_s;
+}
+
+// The listing's figures: shown, each header click, closed after sorting.
+void measureListing(MainFrame &frame, const QSqlDatabase &db)
+{
+    const QStringList selects = listingSelects();
+    const double rawListingMs = bestMilliseconds(3, [&] {
+        for (const QString &select : selects)
+            readAll(db, select);
+    });
+    const double listingMs = openMilliseconds(frame, u"mnuBookList"_s, u"frmBookListing"_s);
+    reportFigure("Listing shown", listingMs, rawListingMs, "ms");
+
+    QWidget *listing = frame.forms().find(u"frmBookListing"_s);
+    QHeaderView *header = listing->findChild<QTreeView *>(u"lstBookList"_s)->header();
+    const QList<std::pair<const char *, int>> clicks{
+        {"Header click: Price", BookColumn::Price},
+        {"Header click: Title", BookColumn::Title},
+        {"Header click: Author", BookColumn::Author},
+        {"Header click: Published", BookColumn::Published}};
+    const double rawOrderMs = bestMilliseconds(3, [&] {
+        readAll(db, u"select BookID from tblBook order by BookDescription"_s);
+    });
+    for (const auto &[what, column] : clicks) {
+        // The first click on a column ranks its texts; later ones, each turning the order
+        // round, reuse that.
+        const auto click = [&, column = column] {
+            Q_EMIT header->sectionClicked(column);
+            QCoreApplication::processEvents();
+        };
+        const double firstMs = bestMilliseconds(1, click);
+        const double laterMs = bestMilliseconds(3, click);
+        reportFigure(qPrintable(QString::fromLatin1(what) + u", first"_s), firstMs, rawOrderMs, "ms");
+        reportFigure(qPrintable(QString::fromLatin1(what) + u", later"_s), laterMs, rawOrderMs, "ms");
+    }
+
+    const double closeMs = bestMilliseconds(1, [&] {
+        frame.forms().unload(listing);
+        QCoreApplication::processEvents();
+    });
+    reportFigure("Closing the sorted listing", closeMs, rawOrderMs, "ms");
+}
+
+void measureTrees(MainFrame &frame, const QSqlDatabase &db)
+{
+    for (const BookBrowserKind &kind : BookBrowserKinds()) {
+        const double rawTreeMs = bestMilliseconds(3, [&] { readAll(db, kind.loadSql); });
+        const double treeMs = openMilliseconds(frame, entryOf(kind), kind.formName);
+        reportFigure(qPrintable(kind.caption + u" tree shown"_s), treeMs, rawTreeMs, "ms");
+    }
+}
+
+// Each form opened once, as a user would, so that no earlier run's memory counts.
+void measureMemory(MainFrame &frame)
+{
+    const double frameOnly = residentMebibytes();
+    QStringList steps{u"mnuBooks"_s, u"mnuBookList"_s};
+    for (const BookBrowserKind &kind : BookBrowserKinds())
+        steps.append(entryOf(kind));
+    for (const QString &entry : std::as_const(steps)) {
+        frame.action(entry)->trigger();
+        QCoreApplication::processEvents();
+        std::printf("  resident memory after %s: %.1f MiB\n", qPrintable(entry),
+                    residentMebibytes());
+    }
+    std::printf("Resident memory, book form, listing and both trees open: %.1f MiB "
+                "(the frame alone %.1f MiB)\n",
+                residentMebibytes(), frameOnly);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // A benchmark shows no windows unless asked to.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
+    const bool memoryOnly = argc > 2 && qstrcmp(argv[2], "memory") == 0;
+    std::printf("Generating a catalogue of %d books...\n", books);
+    BenchCatalogue catalogue(books);
+
+    MainFrame frame;
+    RegisterBookForms(frame);
+    RegisterSearchForms(frame);
+    frame.show();
+    Session &session = frame.session();
+    session.strCataloguePath = catalogue.path();
+    session.cnnCatalogue = std::make_unique<Connection>();
+    session.cnnCatalogue->open(session.connectionString());
+    QCoreApplication::processEvents();
+    if (memoryOnly) {
+        measureMemory(frame);
+        return 0;
+    }
+    frame.action(u"mnuBooks"_s)->trigger();
+    const QSqlDatabase db = session.cnnCatalogue->database();
+    measureListing(frame, db);
+    measureTrees(frame, db);
+    std::printf("Memory: run again with the argument \"memory\" after the number of books.\n");
+    return 0;
+}
