@@ -40,7 +40,7 @@ FrmBookStats::~FrmBookStats() = default;
 
 void FrmBookStats::showFigures()
 {
-    const auto figures = Recordset::open(*m_session.cnnCatalogue, FiguresSource);
+    const auto figures = Recordset::open(m_session.sharedConnection(), FiguresSource);
     ui->txtTotalNoBooks->setText(figures->value(u"TotalNoBooks"_s).toString());
     // Null sums of an empty catalogue show as empty boxes.
     const QList<std::pair<QLineEdit *, QString>> money{
@@ -55,7 +55,7 @@ void FrmBookStats::showFigures()
 
 void FrmBookStats::showOldest()
 {
-    const auto oldest = Recordset::open(*m_session.cnnCatalogue, OldestSource);
+    const auto oldest = Recordset::open(m_session.sharedConnection(), OldestSource);
     const QVariant year = oldest->value(u"Oldest"_s);
     if (!year.isNull())
         ui->txtOldest->setText(year.toString());

@@ -66,7 +66,7 @@ FrmPrices::~FrmPrices() = default;
 // applies like any other value.
 void FrmPrices::showCurrentValue()
 {
-    const auto total = Recordset::open(*m_session.cnnCatalogue, ValueSource);
+    const auto total = Recordset::open(m_session.sharedConnection(), ValueSource);
     const QVariant value = total->value(u"TotalValue"_s);
     ui->txtCurrValue->setText(asMoney(value.isNull() ? QVariant(0.0) : value));
 }
@@ -106,7 +106,7 @@ void FrmPrices::applyIncrease()
 {
     const double increase = NumberOfText(ui->txtIncrease->text());
     const double factor = (increase + 100) / 100;
-    Connection &catalogue = *m_session.cnnCatalogue;
+    Connection &catalogue = m_session.sharedConnection();
     TransactionGuard transaction(catalogue);
     catalogue.execute(UpdatePrices + TextOfNumber(factor), CommandType::Text);
     transaction.commit();

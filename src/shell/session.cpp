@@ -1,6 +1,7 @@
 #include "shell/session.h"
 
 #include "data/connectionstring.h"
+#include "data/runtimeerror.h"
 #include "shell/msgbox.h"
 
 #include <QLocale>
@@ -10,6 +11,13 @@ using namespace Qt::StringLiterals;
 QString Session::connectionString() const
 {
     return ConnectionString::forCatalogue(strCataloguePath);
+}
+
+Connection &Session::sharedConnection() const
+{
+    if (!cnnCatalogue)
+        throw RuntimeError{91, u"Object variable or With block variable not set"_s};
+    return *cnnCatalogue;
 }
 
 void Session::setPriceFormat(const QLocale &locale)

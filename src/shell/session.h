@@ -22,6 +22,10 @@ struct Session
     bool BookFilterPending = false;
 
     bool isOpen() const { return !strCataloguePath.isEmpty(); }
+    // The shared connection for a statement. After a compaction that found the catalogue in
+    // use the path stays set without a connection: a statement then raises run-time error
+    // 91, as using the released connection object always did, instead of crashing.
+    Connection &sharedConnection() const;
     // The run-time connection string every form gives its data controls.
     QString connectionString() const;
     void setPriceFormat(const QLocale &locale);
