@@ -10,6 +10,7 @@ packages=(
   libgl-dev libxkbcommon-dev
   sqlite3
   fonts-liberation
+  poppler-utils
   xvfb xauth
 )
 

@@ -1,9 +1,11 @@
 #include "printing/printingforms.h"
 
+#include "printing/reportcommands.h"
+
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 
 void RegisterPrintingForms(MainFrame &frame)
 {
-    Q_UNUSED(frame);
+    new ReportCommands(frame);
 }
