@@ -2,6 +2,8 @@
 
 #include <QLocale>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,6 +59,18 @@ NumberPattern patternOf(const QString &format)
     return pattern;
 }
 
+// Money is held to four decimal places: 2.675 is two pounds sixty-seven and a half pence,
+// and rounds up to 2.68, although the nearest double lies just below it.
+double rounded(double number, int decimals)
+{
+    constexpr int heldDecimals = 4;
+    if (decimals > heldDecimals)
+        return number;
+    const double held = std::round(number * std::pow(10.0, heldDecimals));
+    const double scale = std::pow(10.0, heldDecimals - decimals);
+    return std::round(held / scale) / std::pow(10.0, decimals);
+}
+
 } // namespace
 
 QString FormatNumber(const QVariant &value, const QString &format)
@@ -72,7 +86,8 @@ QString FormatNumber(const QVariant &value, const QString &format)
     QLocale locale;
     locale.setNumberOptions(pattern.grouped ? QLocale::DefaultNumberOptions
                                             : QLocale::OmitGroupSeparator);
-    const QString digits = locale.toString(std::abs(number), 'f', pattern.decimals);
+    const QString digits = locale.toString(rounded(std::abs(number), pattern.decimals), 'f',
+                                           pattern.decimals);
     const bool negative = number < 0 && digits != locale.toString(0.0, 'f', pattern.decimals);
     return (negative ? u"-"_s : QString()) + pattern.prefix + digits + pattern.suffix;
 }

@@ -17,7 +17,7 @@ void paintText(QPainter &painter, const ReportPage &page, const PageItem &item)
 
 void paintOutline(QPainter &painter, const PageItem &item)
 {
-    QPen pen(Qt::black, item.lineWidth);
+    QPen pen(item.style.colour, item.lineWidth);
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);

@@ -10,7 +10,6 @@
 
 #include <deque>
 #include <memory>
-#include <vector>
 
 class QFontMetricsF;
 
@@ -62,6 +61,7 @@ private:
     bool m_sourceDone = false;
     bool m_complete = false;
     std::deque<Band> m_ahead;
-    std::vector<ReportPage> m_pages;
+    // A deque, so that pages handed out stay where they are while more are laid out.
+    std::deque<ReportPage> m_pages;
     QHash<QString, std::shared_ptr<QFontMetricsF>> m_metrics;
 };

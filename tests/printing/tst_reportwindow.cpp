@@ -1,0 +1,7 @@
+#include <QTest>
+class TestReportWindow : public QObject
+{
+    Q_OBJECT
+};
+QTEST_MAIN(TestReportWindow)
+#include "tst_reportwindow.moc"
