@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QScrollBar>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,7 @@ ReportWindow::ReportWindow(const Session &session, CatalogueListing listing,
     setWindowTitle(ListingInfo(listing).caption);
     nameSections();
     ui->scrPages->setWidget(m_preview);
+    ui->scrPages->viewport()->installEventFilter(this);
     ui->scrPages->setBackgroundRole(QPalette::Dark);
     InstallKeyFilter(ui->txtPage, KeyFilter::DigitsOnly);
     const QSignalBlocker quiet(ui->cboZoom);
@@ -103,6 +105,24 @@ void ReportWindow::activate()
     m_pages = m_document.paginate();
     m_current = 0;
     refresh();
+    QTimer::singleShot(0, this, &ReportWindow::layOutMorePages);
+}
+
+// The pages after the first are laid out a few at a time while the window is idle, so the
+// first page shows at once and the page count follows soon after.
+void ReportWindow::layOutMorePages()
+{
+    if (!m_pages)
+        return;
+    constexpr int pagesAtATime = 20;
+    bool laidOut = false;
+    RunHandler([this, &laidOut] {
+        m_pages->page(m_pages->pagesLaidOut() + pagesAtATime - 1);
+        laidOut = true;
+    });
+    updateControls();
+    if (laidOut && !m_pages->isComplete())
+        QTimer::singleShot(0, this, &ReportWindow::layOutMorePages);
 }
 
 void ReportWindow::showPageAt(int index)
@@ -182,11 +202,12 @@ void ReportWindow::on_cboZoom_currentIndexChanged(int)
         refresh();
 }
 
-void ReportWindow::resizeEvent(QResizeEvent *event)
+bool ReportWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    QWidget::resizeEvent(event);
-    if (m_pages && ui->cboZoom->currentData().toInt() < 0)
+    if (watched == ui->scrPages->viewport() && event->type() == QEvent::Resize && m_pages
+        && ui->cboZoom->currentData().toInt() < 0)
         refresh();
+    return QWidget::eventFilter(watched, event);
 }
 
 void ReportWindow::on_cmdPrint_clicked()

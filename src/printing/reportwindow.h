@@ -42,10 +42,12 @@ private Q_SLOTS:
 
 protected:
     void showEvent(QShowEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
+    // Follows the preview's viewport: a page fitted to the window is fitted again.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void activate();
+    void layOutMorePages();
     void nameSections();
     void refresh();
     qreal scaleFor(const QSizeF &pageSize) const;
