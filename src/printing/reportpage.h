@@ -15,6 +15,10 @@ struct PageItem
     Kind kind = Kind::Text;
     QRectF rect; // on the page, in decipoints
     QString text;
+    // Where a text of one line starts, from the top left of rect, at its baseline; a text
+    // that wraps is drawn into rect instead.
+    bool wraps = false;
+    QPointF textOrigin;
     TextStyle style;
     qreal lineWidth = 0;
     QString section;

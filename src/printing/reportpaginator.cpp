@@ -30,6 +30,16 @@ PageItem::Kind itemKind(ControlKind kind)
     }
 }
 
+// Where a line of text starts across its box, for the box's alignment.
+qreal alignedLeft(Qt::Alignment alignment, qreal boxWidth, qreal advance)
+{
+    if (alignment & Qt::AlignRight)
+        return boxWidth - advance;
+    if (alignment & Qt::AlignHCenter)
+        return (boxWidth - advance) / 2;
+    return 0;
+}
+
 QString styleKey(const TextStyle &style)
 {
     return u"%1/%2/%3"_s.arg(style.size).arg(style.bold).arg(style.italic);
@@ -196,19 +206,23 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
             const QString text = textOf(control, records, row, pageNumber);
             const QFontMetricsF &fm = metrics(control.style);
             const qreal width = control.rect.width();
+            qreal advance = fm.horizontalAdvance(text);
             if (text.isEmpty() && control.canShrink) {
                 growth[i] = -control.rect.height();
             } else if (control.canGrow) {
-                const bool oneLine = !text.contains(u'\n') && fm.horizontalAdvance(text) <= width;
-                const qreal needed = oneLine ? fm.height()
-                                             : fm.boundingRect(QRectF(0, 0, width, unbounded),
-                                                               Qt::TextWordWrap | control.style.alignment,
-                                                               text).height();
+                item.wraps = text.contains(u'\n') || advance > width;
+                const qreal needed = item.wraps ? fm.boundingRect(QRectF(0, 0, width, unbounded),
+                                                                  Qt::TextWordWrap | control.style.alignment,
+                                                                  text).height()
+                                                : fm.height();
                 growth[i] = std::max<qreal>(0, needed - control.rect.height());
                 item.text = text;
             } else {
-                item.text = fm.elidedText(text, Qt::ElideRight, width);
+                item.text = advance > width ? fm.elidedText(text, Qt::ElideRight, width) : text;
+                advance = fm.horizontalAdvance(item.text);
             }
+            item.textOrigin = QPointF(alignedLeft(control.style.alignment, width, advance),
+                                      fm.ascent());
         }
         band.items.append(std::move(item));
     }
