@@ -40,6 +40,17 @@ const QString byTopicDescriptionText =
                                      .arg(what, name));
 }
 
+// The connection or command of that name, in any letter case.
+template<typename Items>
+auto &byName(Items &items, const QString &name, const QString &what)
+{
+    for (auto &item : items) {
+        if (item.name.compare(name, Qt::CaseInsensitive) == 0)
+            return item;
+    }
+    notFound(what, name);
+}
+
 } // namespace
 
 DataEnvironment::DataEnvironment()
@@ -166,30 +177,22 @@ Connection &DataEnvironment::openConnectionOf(const Command &command)
 
 DataEnvironment::NamedConnection &DataEnvironment::namedConnection(const QString &name)
 {
-    return const_cast<NamedConnection &>(std::as_const(*this).namedConnection(name));
+    return byName(m_connections, name, u"connection"_s);
 }
 
 const DataEnvironment::NamedConnection &DataEnvironment::namedConnection(const QString &name) const
 {
-    for (const auto &connection : m_connections) {
-        if (connection.name.compare(name, Qt::CaseInsensitive) == 0)
-            return connection;
-    }
-    notFound(u"connection"_s, name);
+    return byName(m_connections, name, u"connection"_s);
 }
 
 DataEnvironment::Command &DataEnvironment::command(const QString &name)
 {
-    return const_cast<Command &>(std::as_const(*this).command(name));
+    return byName(m_commands, name, u"command"_s);
 }
 
 const DataEnvironment::Command &DataEnvironment::command(const QString &name) const
 {
-    for (const Command &command : m_commands) {
-        if (command.name.compare(name, Qt::CaseInsensitive) == 0)
-            return command;
-    }
-    notFound(u"command"_s, name);
+    return byName(m_commands, name, u"command"_s);
 }
 
 std::unique_ptr<DataEnvironment> PrepareDataEnvironment(const QString &cataloguePath)

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPrintDialog>
 #include <QScrollArea>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -387,6 +388,22 @@ private Q_SLOTS:
         QVERIFY(text.contains(u"Main Book Listing"_s));
         QVERIFY(text.contains(u"Page: "_s));
         QCOMPARE(PdfText(written), text);
+    }
+
+    void printAsksForPrinterAndPages()
+    {
+        ReportWindow *report = openThroughMenu(u"mnuRepTitleOrder"_s, u"DataReport1"_s);
+        const int pages = report->pages().pageCount();
+        ModalResponder responder;
+        responder.expect(ModalResponder::dialog(u"dlgPrint"_s, u"Print"_s, {}, [pages](QWidget *window) {
+            auto *dialog = qobject_cast<QPrintDialog *>(window);
+            QCOMPARE(dialog->minPage(), 1);
+            QCOMPARE(dialog->maxPage(), pages);
+            QVERIFY(dialog->testOption(QAbstractPrintDialog::PrintPageRange));
+            dialog->reject();
+        }));
+        click(report, u"cmdPrint"_s);
+        QCOMPARE(responder.finish(), QString());
     }
 
     void exportCancelledInTheFileDialogWritesNothing()
