@@ -131,7 +131,7 @@ ReportDocument loadListing(CatalogueListing listing, const QString &cataloguePat
         ReportDocument document = LoadCatalogueListing(listing, *deShelvane, cataloguePath);
         // As the report window does when it becomes active.
         const QString priceFormat = QLocale().toCurrencyString(1.0).left(1) + u"###,##0.00"_s;
-        ApplyPriceFormat(document.definition, listing, priceFormat);
+        document.definition.applyPriceFormat(priceFormat);
         return document;
     } catch (const ProviderError &e) {
         throw ReportError{u"%1: %2"_s.arg(cataloguePath, e.description)};

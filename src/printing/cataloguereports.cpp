@@ -212,10 +212,10 @@ ReportSection emptySection(const QString &name, SectionKind kind, qreal height =
 const CatalogueListingInfo &ListingInfo(CatalogueListing listing)
 {
     static const CatalogueListingInfo listings[] = {
-        {u"DataReport1"_s, u"Listing by Title"_s, u"Main Book Listing"_s, u"cmdReport1"_s, 3, 2},
-        {u"DataReport2"_s, u"Listing by Author"_s, u"Listing by Author"_s, u"cmdReport2"_s, 3, 2},
+        {u"DataReport1"_s, u"Listing by Title"_s, u"Main Book Listing"_s, u"cmdReport1"_s, {3, 2}},
+        {u"DataReport2"_s, u"Listing by Author"_s, u"Listing by Author"_s, u"cmdReport2"_s, {3, 2}},
         {u"DataReport3"_s, u"Listing by Topic"_s, u"Listing by Topic"_s, u"ByTopicDescription"_s,
-         5, 2},
+         {5, 2}},
     };
     return listings[int(listing)];
 }
@@ -229,6 +229,7 @@ ReportDefinition CatalogueListingDefinition(CatalogueListing listing)
     report.title = info.title;
     report.pageSize = a4();
     report.margins = pageMargins;
+    report.priceBoxes = {info.priceBox};
     if (listing == CatalogueListing::ByTopic) {
         report.sections = {frontPage(info.title),
                            pageHeader(u"PageHeader"_s, info.title),
@@ -272,11 +273,4 @@ ReportDocument LoadCatalogueListing(CatalogueListing listing, DataEnvironment &d
     }
     FillFrontPage(document.definition, cataloguePath);
     return document;
-}
-
-void ApplyPriceFormat(ReportDefinition &report, CatalogueListing listing,
-                      const QString &priceFormat)
-{
-    const CatalogueListingInfo &info = ListingInfo(listing);
-    report.controlAt(info.priceSection, info.priceControl).format = priceFormat;
 }

@@ -16,9 +16,7 @@ struct CatalogueListingInfo
     QString caption;    // the window's caption
     QString title;      // printed on the front page and in the page header
     QString command;    // the data environment's command that gives the rows
-    // Where the price box is, counting sections and controls from 1.
-    int priceSection;
-    int priceControl;
+    ControlAddress priceBox;
 };
 
 const CatalogueListingInfo &ListingInfo(CatalogueListing listing);
@@ -30,8 +28,3 @@ ReportDefinition CatalogueListingDefinition(CatalogueListing listing);
 // Throws ProviderError or RuntimeError; nothing is shown then.
 ReportDocument LoadCatalogueListing(CatalogueListing listing, DataEnvironment &deShelvane,
                                     const QString &cataloguePath);
-
-// What the report does on activation: the price box takes the session's price format,
-// whatever the report's design-time format.
-void ApplyPriceFormat(ReportDefinition &report, CatalogueListing listing,
-                      const QString &priceFormat);

@@ -1,6 +1,6 @@
 #include "printing/reportcommands.h"
 
-#include "printing/reportwindow.h"
+#include "printing/showreport.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
 #include "shell/runtimeerrorreport.h"
@@ -41,8 +41,6 @@ ReportCommands::ReportCommands(MainFrame &frame)
     setObjectName(u"ReportCommands"_s);
     for (const EntryPoints &entry : entryPoints()) {
         const CatalogueListing listing = entry.listing;
-        frame.forms().registerForm(ListingInfo(listing).reportName, FormRegistry::Placement::Child,
-                                   [this, listing] { return makeWindow(listing); });
         frame.setCommand(entry.menuEntry,
                          [this, listing] { RunHandler([this, listing] { runListing(listing); }); });
     }
@@ -64,21 +62,10 @@ void ReportCommands::runListing(CatalogueListing listing)
     // The rows are held by the report now; no connection stays open on the catalogue file.
     m_deShelvane->close();
 
-    m_loaded = std::move(document);
-    forms.show(reportName);
-    m_loaded.reset();
+    ShowReportWindow(m_frame, std::move(document));
     const EntryPoints &entry = entryPointsOf(listing);
     for (const QString &name : {entry.menuEntry, entry.dropDownItem}) {
         if (QAction *action = m_frame.action(name))
             forms.disableWhileLoaded(reportName, action);
     }
-}
-
-QWidget *ReportCommands::makeWindow(CatalogueListing listing)
-{
-    // Only a report command makes a report window, with the rows it has just loaded.
-    Q_ASSERT(m_loaded);
-    auto *window = new ReportWindow(m_frame.session(), listing, std::move(*m_loaded));
-    window->resize(760, 680);
-    return window;
 }

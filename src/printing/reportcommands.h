@@ -6,7 +6,6 @@
 #include <QObject>
 
 #include <memory>
-#include <optional>
 
 class MainFrame;
 
@@ -29,10 +28,6 @@ public:
     void runListing(CatalogueListing listing);
 
 private:
-    QWidget *makeWindow(CatalogueListing listing);
-
     MainFrame &m_frame;
     std::unique_ptr<DataEnvironment> m_deShelvane;
-    // The listing loaded for the window the registry is about to make.
-    std::optional<ReportDocument> m_loaded;
 };

@@ -49,3 +49,18 @@ ReportControl &ReportDefinition::controlAt(int sectionNumber, int controlNumber)
     }
     return sections[sectionNumber - 1].controls[controlNumber - 1];
 }
+
+void ReportDefinition::applyPriceFormat(const QString &priceFormat)
+{
+    for (const ControlAddress &box : std::as_const(priceBoxes))
+        controlAt(box.section, box.control).format = priceFormat;
+}
+
+bool ReportDefinition::hasPriceFormat(const QString &priceFormat)
+{
+    for (const ControlAddress &box : std::as_const(priceBoxes)) {
+        if (controlAt(box.section, box.control).format != priceFormat)
+            return false;
+    }
+    return true;
+}

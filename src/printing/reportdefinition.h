@@ -65,6 +65,13 @@ struct ReportSection
     bool keepWithNext = false;
 };
 
+// A control by position, counting sections and controls from 1.
+struct ControlAddress
+{
+    int section;
+    int control;
+};
+
 struct ReportDefinition
 {
     QString name;
@@ -74,6 +81,8 @@ struct ReportDefinition
     QSizeF pageSize;
     QMarginsF margins;
     QList<ReportSection> sections;
+    // The price boxes, which take the session's price format when the report is activated.
+    QList<ControlAddress> priceBoxes;
 
     // The part of the page a report may print on.
     QRectF printableRect() const;
@@ -85,4 +94,9 @@ struct ReportDefinition
     ReportControl *control(const QString &sectionName, const QString &controlName);
     // Counting sections and controls from 1, as the program addresses the price box.
     ReportControl &controlAt(int sectionNumber, int controlNumber);
+    // What a report does on activation: every price box takes the session's price format,
+    // whatever its design-time format.
+    void applyPriceFormat(const QString &priceFormat);
+    // Whether every price box has that format already.
+    bool hasPriceFormat(const QString &priceFormat);
 };

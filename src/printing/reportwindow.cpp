@@ -31,18 +31,16 @@ public:
 
 } // namespace
 
-ReportWindow::ReportWindow(const Session &session, CatalogueListing listing,
-                           ReportDocument document, QWidget *parent)
+ReportWindow::ReportWindow(const Session &session, ReportDocument document, QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::ReportWindow>())
     , m_session(session)
-    , m_listing(listing)
     , m_document(std::move(document))
     , m_preview(new PagePreview)
 {
     ui->setupUi(this);
-    setObjectName(ListingInfo(listing).reportName);
-    setWindowTitle(ListingInfo(listing).caption);
+    setObjectName(m_document.definition.name);
+    setWindowTitle(m_document.definition.caption);
     nameSections();
     ui->scrPages->setWidget(m_preview);
     ui->scrPages->viewport()->installEventFilter(this);
@@ -96,12 +94,10 @@ void ReportWindow::showEvent(QShowEvent *event)
 // only when that changes it.
 void ReportWindow::activate()
 {
-    const CatalogueListingInfo &info = ListingInfo(m_listing);
-    const ReportControl &price =
-        m_document.definition.controlAt(info.priceSection, info.priceControl);
-    if (m_pages && price.format == m_session.strPriceFormat)
+    ReportDefinition &report = m_document.definition;
+    if (m_pages && report.hasPriceFormat(m_session.strPriceFormat))
         return;
-    ApplyPriceFormat(m_document.definition, m_listing, m_session.strPriceFormat);
+    report.applyPriceFormat(m_session.strPriceFormat);
     m_pages = m_document.paginate();
     m_current = 0;
     refresh();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/cataloguereports.h"
+#include "printing/reportdocument.h"
 
 #include <QWidget>
 
@@ -13,16 +13,16 @@ class PagePreview;
 class ReportPaginator;
 struct Session;
 
-// DataReport1 to DataReport3: one listing shown a page at a time, laid out only as far as
-// the pages looked at, with the report viewer's own page buttons, zoom, Print and Export to
-// PDF. The price format is taken from the session each time the window becomes active.
+// A report window (the listings DataReport1 to DataReport3, the labels DataReport4 and
+// DataReport5): one report shown a page at a time, laid out only as far as the pages looked
+// at, with the report viewer's own page buttons, zoom, Print and Export to PDF. The price
+// format is taken from the session each time the window becomes active.
 class ReportWindow : public QWidget
 {
     Q_OBJECT
 
 public:
-    ReportWindow(const Session &session, CatalogueListing listing, ReportDocument document,
-                 QWidget *parent = nullptr);
+    ReportWindow(const Session &session, ReportDocument document, QWidget *parent = nullptr);
     ~ReportWindow() override;
 
     // The pages as laid out for this window; its printing and export use them too.
@@ -55,7 +55,6 @@ private:
 
     std::unique_ptr<Ui::ReportWindow> ui;
     const Session &m_session;
-    CatalogueListing m_listing;
     ReportDocument m_document;
     std::unique_ptr<ReportPaginator> m_pages;
     PagePreview *m_preview;

@@ -14,7 +14,7 @@ ReportDocument LoadListingOf(const QString &cataloguePath, CatalogueListing list
 {
     const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(cataloguePath);
     ReportDocument document = LoadCatalogueListing(listing, *deShelvane, cataloguePath);
-    ApplyPriceFormat(document.definition, listing, priceFormat);
+    document.definition.applyPriceFormat(priceFormat);
     return document;
 }
 
