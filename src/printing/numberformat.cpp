@@ -81,6 +81,8 @@ QString FormatNumber(const QVariant &value, const QString &format)
     const double number = value.toDouble(&isNumber);
     if (format.isEmpty() || !isNumber)
         return value.toString();
+    if (format == u"Yes/No")
+        return number != 0 ? u"Yes"_s : u"No"_s;
 
     const NumberPattern pattern = patternOf(format);
     QLocale locale;

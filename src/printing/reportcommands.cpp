@@ -1,8 +1,13 @@
 #include "printing/reportcommands.h"
 
+#include "books/labelprinter.h"
+#include "data/connection.h"
+#include "printing/labelreports.h"
+#include "printing/labeltable.h"
 #include "printing/showreport.h"
 #include "shell/formregistry.h"
 #include "shell/mainframe.h"
+#include "shell/msgbox.h"
 #include "shell/runtimeerrorreport.h"
 
 using namespace Qt::StringLiterals;
@@ -44,9 +49,23 @@ ReportCommands::ReportCommands(MainFrame &frame)
         frame.setCommand(entry.menuEntry,
                          [this, listing] { RunHandler([this, listing] { runListing(listing); }); });
     }
+    frame.setCommand(u"mnuPrintLabels"_s, [this] { RunHandler([this] { printLabels(); }); });
+    SetSingleLabelPrinter([this](const QString &bookNumber) {
+        RunHandler([this, bookNumber] { printSingleLabel(bookNumber); });
+    });
 }
 
-ReportCommands::~ReportCommands() = default;
+ReportCommands::~ReportCommands()
+{
+    SetSingleLabelPrinter({});
+}
+
+// Points all four connections of a new deShelvane at the open catalogue.
+DataEnvironment &ReportCommands::PrepareDataEnvironment()
+{
+    m_deShelvane = ::PrepareDataEnvironment(m_frame.session().strCataloguePath);
+    return *m_deShelvane;
+}
 
 void ReportCommands::runListing(CatalogueListing listing)
 {
@@ -56,9 +75,8 @@ void ReportCommands::runListing(CatalogueListing listing)
         forms.show(reportName);
         return;
     }
-    const QString cataloguePath = m_frame.session().strCataloguePath;
-    m_deShelvane = PrepareDataEnvironment(cataloguePath);
-    ReportDocument document = LoadCatalogueListing(listing, *m_deShelvane, cataloguePath);
+    ReportDocument document = LoadCatalogueListing(listing, PrepareDataEnvironment(),
+                                                   m_frame.session().strCataloguePath);
     // The rows are held by the report now; no connection stays open on the catalogue file.
     m_deShelvane->close();
 
@@ -68,4 +86,37 @@ void ReportCommands::runListing(CatalogueListing listing)
         if (QAction *action = m_frame.action(name))
             forms.disableWhileLoaded(reportName, action);
     }
+}
+
+void ReportCommands::printLabels()
+{
+    if (MsgBox(u"This will print labels for the whole of your collection!\r\n\r\n"
+               "Are you sure you wish to continue?"_s,
+               Vb::YesNo | Vb::Information, u"Print Labels!"_s) == Vb::No)
+        return;
+    {
+        Connection connection;
+        connection.open(m_frame.session().connectionString());
+        FillLabelTable(connection);
+    }
+    ReportDocument document = LoadLabelSheet(PrepareDataEnvironment());
+    m_deShelvane->close();
+    replaceReport(std::move(document));
+}
+
+void ReportCommands::printSingleLabel(const QString &bookNumber)
+{
+    ReportDocument document = LoadSingleLabel(PrepareDataEnvironment(), bookNumber);
+    m_deShelvane->close();
+    replaceReport(std::move(document));
+}
+
+void ReportCommands::replaceReport(ReportDocument document)
+{
+    FormRegistry &forms = m_frame.forms();
+    if (QWidget *open = forms.find(document.definition.name)) {
+        if (!forms.unload(open))
+            return;
+    }
+    ShowReportWindow(m_frame, std::move(document));
 }
