@@ -42,8 +42,12 @@ QList<ReportControl> labelBlock(qreal left, const QStringList &names, const QStr
 {
     const qreal x = left + inset;
     const qreal width = labelWidth - 2 * inset;
-    const qreal half = width / 2;
-    const qreal caption = 44 * pt;
+    // Short yes/no and page values on the left, the longer price on the right.
+    const qreal right = x + 70 * pt;
+    const qreal rightWidth = x + width - right;
+    const qreal caption = 40 * pt;
+    const qreal bibliographyCaption = 58 * pt;
+    const qreal priceCaption = 30 * pt;
     auto row = [&](int n) { return inset + n * line; };
     auto bound = [&](int index, QRectF rect, bool bold = false, bool italic = false) {
         ReportControl control = box(names[index], ControlKind::TextBox, rect, bold, italic);
@@ -55,12 +59,12 @@ QList<ReportControl> labelBlock(qreal left, const QStringList &names, const QStr
         control.caption = text;
         return control;
     };
-    ReportControl firstEd = bound(8, QRectF(x + caption, row(8), half - caption, line));
-    ReportControl bibliography = bound(9, QRectF(x + half + caption + 12 * pt, row(8),
-                                                 half - caption - 12 * pt, line));
+    ReportControl firstEd = bound(8, QRectF(x + caption, row(8), right - x - caption, line));
+    ReportControl bibliography = bound(9, QRectF(right + bibliographyCaption, row(8),
+                                                 rightWidth - bibliographyCaption, line));
     firstEd.format = bibliography.format = u"Yes/No"_s;
-    ReportControl price = bound(11, QRectF(x + half + caption + 12 * pt, row(9),
-                                           half - caption - 12 * pt, line), true);
+    ReportControl price = bound(11, QRectF(right + priceCaption, row(9), rightWidth - priceCaption,
+                                           line), true);
     price.format = u"\"£\"#,##0.00"_s;
     return {
         bound(0, QRectF(x + 56 * pt, row(0), width - 56 * pt, line), true),
@@ -74,12 +78,12 @@ QList<ReportControl> labelBlock(qreal left, const QStringList &names, const QStr
         bound(7, QRectF(x, row(7), width, line)),
         fixed(u"lblFirstEd"_s + suffix, u"First Ed : "_s, QRectF(x, row(8), caption, line)),
         fixed(u"lblBibliography"_s + suffix, u"Bibliography : "_s,
-              QRectF(x + half, row(8), caption + 12 * pt, line)),
+              QRectF(right, row(8), bibliographyCaption, line)),
         fixed(u"lblPages"_s + suffix, u"Pages : "_s, QRectF(x, row(9), caption, line)),
-        fixed(u"lblPrice"_s + suffix, u"Price : "_s, QRectF(x + half, row(9), caption + 12 * pt, line)),
+        fixed(u"lblPrice"_s + suffix, u"Price : "_s, QRectF(right, row(9), priceCaption, line)),
         firstEd,
         bibliography,
-        bound(10, QRectF(x + caption, row(9), half - caption, line)),
+        bound(10, QRectF(x + caption, row(9), right - x - caption, line)),
         price,
     };
 }
