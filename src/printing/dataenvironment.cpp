@@ -51,6 +51,15 @@ auto &byName(Items &items, const QString &name, const QString &what)
     notFound(what, name);
 }
 
+template<typename Items>
+QStringList namesOf(const Items &items)
+{
+    QStringList names;
+    for (const auto &item : items)
+        names.append(item.name);
+    return names;
+}
+
 } // namespace
 
 DataEnvironment::DataEnvironment()
@@ -83,10 +92,7 @@ DataEnvironment::~DataEnvironment()
 
 QStringList DataEnvironment::connectionNames() const
 {
-    QStringList names;
-    for (const auto &connection : m_connections)
-        names.append(connection.name);
-    return names;
+    return namesOf(m_connections);
 }
 
 QString DataEnvironment::connectionString(const QString &connection) const
@@ -106,10 +112,7 @@ void DataEnvironment::setConnectionString(const QString &connection,
 
 QStringList DataEnvironment::commandNames() const
 {
-    QStringList names;
-    for (const Command &command : m_commands)
-        names.append(command.name);
-    return names;
+    return namesOf(m_commands);
 }
 
 QString DataEnvironment::recordsetName(const QString &command) const
