@@ -38,6 +38,15 @@ private:
     QProgressDialog m_dialog;
 };
 
+// The page scaled to fit the sheet without distortion, centred on it: a report laid out
+// for A4 still prints whole on Letter paper.
+QRectF fitted(const QSizeF &page, const QSizeF &sheet)
+{
+    const QSizeF size = page.scaled(sheet, Qt::KeepAspectRatio);
+    return QRectF(QPointF((sheet.width() - size.width()) / 2, (sheet.height() - size.height()) / 2),
+                  size);
+}
+
 } // namespace
 
 void PrintReport(QWidget *parent, ReportPaginator &report)
@@ -46,6 +55,11 @@ void PrintReport(QWidget *parent, ReportPaginator &report)
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(report.definition().caption);
     printer.setFullPage(true);
+    // The paper and orientation the report was laid out for, unless the user picks others.
+    const QSizeF designed = report.definition().pageSize;
+    printer.setPageSize(QPageSize(designed / Decipoints::PerPoint, QPageSize::Point));
+    printer.setPageOrientation(designed.width() > designed.height() ? QPageLayout::Landscape
+                                                                    : QPageLayout::Portrait);
     printer.setFromTo(1, pageCount);
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName(u"dlgPrint"_s);
@@ -66,7 +80,8 @@ void PrintReport(QWidget *parent, ReportPaginator &report)
     for (int number = first; number <= last; ++number) {
         if (number > first)
             printer.newPage();
-        PaintPage(painter, *report.page(number - 1), QRectF(QPointF(0, 0), sheet.size()));
+        const ReportPage &page = *report.page(number - 1);
+        PaintPage(painter, page, fitted(page.size, sheet.size()));
         if (!progress.step(number - first + 1)) {
             printer.abort();
             return;

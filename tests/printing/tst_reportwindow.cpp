@@ -23,6 +23,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QScrollArea>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -404,6 +405,27 @@ private Q_SLOTS:
         }));
         click(report, u"cmdPrint"_s);
         QCOMPARE(responder.finish(), QString());
+    }
+
+    void printingToAFileGivesTheListingsPages()
+    {
+        ReportWindow *report = openThroughMenu(u"mnuRepTopicOrder"_s, u"DataReport3"_s);
+        QTemporaryDir folder;
+        const QString printed = folder.filePath(u"printed.pdf"_s);
+        ModalResponder responder;
+        responder.expect(ModalResponder::dialog(u"dlgPrint"_s, u"Print"_s, {}, [printed](QWidget *window) {
+            // The dialog's own choice of printing to a file, and the file's name.
+            auto *printers = window->findChild<QComboBox *>(u"printers"_s);
+            printers->setCurrentIndex(printers->findText(u"Print to File (PDF)"_s));
+            window->findChild<QLineEdit *>(u"filename"_s)->setText(printed);
+            static_cast<QDialog *>(window)->accept();
+        }));
+        click(report, u"cmdPrint"_s);
+        QCOMPARE(responder.finish(), QString());
+        const QString text = PdfText(printed);
+        QVERIFY2(text.contains(u"Listing by Topic"_s), qPrintable(text.left(200)));
+        QVERIFY(text.contains(u"Page: %1"_s.arg(report->pages().pageCount())));
+        QVERIFY(SavePdfPictures(printed, u"DataReport3-printed"_s, 2, 2));
     }
 
     void exportCancelledInTheFileDialogWritesNothing()
