@@ -202,7 +202,7 @@ const QList<Command> commands = {
      u"Writes one of the printed catalogue listings of the catalogue at PATH to a PDF\n"
      "file, the same pages the program's report window shows: by title, by author, or\n"
      "by topic. Needs no display. The file appears only when it is complete."_s,
-     {{u"--by"_s, u"title|author|topic"_s, u"which listing"_s, true},
+     {{u"--by"_s, u"LISTING"_s, u"title, author or topic"_s, true},
       {u"--pdf"_s, u"OUT.pdf"_s, u"the PDF file to write"_s, true}},
      runReport},
 };

@@ -111,7 +111,9 @@ ReportSection frontPage(const QString &title)
                        style(10, false, false, Qt::AlignLeft, secondaryInk)));
         top += 16 * pt;
     }
-    c.append(outline(u"shpOuterFrame"_s, ControlKind::Shape, QRectF(0, 0, width, height), 1.5 * pt));
+    // Inset by half its line, so that the stroke too stays inside the printable area.
+    c.append(outline(u"shpOuterFrame"_s, ControlKind::Shape,
+                     QRectF(0.75 * pt, 0.75 * pt, width - 1.5 * pt, height - 1.5 * pt), 1.5 * pt));
     c.append(outline(u"shpInnerFrame"_s, ControlKind::Shape,
                      QRectF(5 * pt, 5 * pt, width - 10 * pt, height - 10 * pt), 0.5 * pt));
     c.append(outline(u"linTitleRule"_s, ControlKind::Line,
