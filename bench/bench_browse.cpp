@@ -7,6 +7,7 @@
 #include "books/bookforms.h"
 #include "data/connection.h"
 #include "data/shapeparser.h"
+#include "printing/dataenvironment.h"
 #include "search/bookbrowserkind.h"
 #include "search/bookdetails.h"
 #include "search/searchforms.h"
@@ -31,7 +32,7 @@ namespace {
 // The selects of the listing's shaping command, parent first.
 QStringList listingSelects()
 {
-    const ShapeTree tree = ShapeParser::parse(BookDetailsCommandText());
+    const ShapeTree tree = ShapeParser::parse(DataEnvironment().commandText(u"BookDetails"_s));
     QStringList selects{tree.root.source.selectText};
     for (const ShapeChild &child : tree.root.children)
         selects.append(child.source.selectText);

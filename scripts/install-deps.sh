@@ -11,6 +11,7 @@ packages=(
   sqlite3
   mdbtools-dev
   fonts-liberation
+  poppler-utils
   xvfb xauth
 )
 

@@ -5,9 +5,17 @@
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
 #include "jetimport/catalogueimport.h"
+#include "data/providererror.h"
+#include "data/runtimeerror.h"
+#include "printing/cataloguereports.h"
+#include "printing/dataenvironment.h"
+#include "printing/pdfexport.h"
+#include "printing/reportpaginator.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLocale>
 #include <QTextStream>
 
 #include <algorithm>
@@ -167,6 +175,69 @@ int runCheck(const Arguments &args)
     return problems.isEmpty() ? 0 : ExitFailure;
 }
 
+// A report that cannot be made: one line on the error stream, exit status 2.
+struct ReportError
+{
+    QString message;
+};
+
+CatalogueListing listingChosen(const QString &by)
+{
+    const QList<std::pair<QString, CatalogueListing>> listings{
+        {u"title"_s, CatalogueListing::ByTitle},
+        {u"author"_s, CatalogueListing::ByAuthor},
+        {u"topic"_s, CatalogueListing::ByTopic}};
+    for (const auto &[name, listing] : listings) {
+        if (name == by)
+            return listing;
+    }
+    throw ReportError{u"--by must be title, author or topic, not \"%1\""_s.arg(by)};
+}
+
+ReportDocument loadListing(CatalogueListing listing, const QString &cataloguePath)
+{
+    if (!QFileInfo(cataloguePath).isFile())
+        throw ReportError{u"%1: no such catalogue file"_s.arg(cataloguePath)};
+    try {
+        const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(cataloguePath);
+        ReportDocument document = LoadCatalogueListing(listing, *deShelvane, cataloguePath);
+        // As the report window does when it becomes active.
+        const QString priceFormat = QLocale().toCurrencyString(1.0).left(1) + u"###,##0.00"_s;
+        document.definition.applyPriceFormat(priceFormat);
+        return document;
+    } catch (const ProviderError &e) {
+        throw ReportError{u"%1: %2"_s.arg(cataloguePath, e.description)};
+    } catch (const RuntimeError &e) {
+        throw ReportError{u"%1: %2"_s.arg(cataloguePath, e.description)};
+    }
+}
+
+int runReport(const Arguments &args)
+{
+    const CatalogueListing listing = listingChosen(args.given.value(u"--by"_s));
+    const QString output = args.given.value(u"--pdf"_s);
+    QElapsedTimer timer;
+    timer.start();
+    const std::unique_ptr<ReportPaginator> report = loadListing(listing, args.path).paginate();
+    PdfExport::Progress progress;
+    if (stderrIsTerminal()) {
+        progress = [](int pages) {
+            err() << "\rwriting pages: " << pages << Qt::flush;
+            return true;
+        };
+    }
+    QString error;
+    if (PdfExport::write(*report, output, progress, &error) != PdfExport::Outcome::Written)
+        throw ReportError{error};
+    if (stderrIsTerminal())
+        err() << '\n';
+    const int pages = report->pagesLaidOut();
+    out() << output << ": " << ListingInfo(listing).caption << ", " << pages
+          << (pages == 1 ? " page" : " pages") << " in "
+          << QString::number(timer.elapsed() / 1000.0, 'f', 2) << " s\n";
+    return 0;
+}
+
 struct Command
 {
     QString name;
@@ -219,6 +290,13 @@ const QList<Command> commands = {
      "catalogue, NEW exists already (without --force), the import stops or the new file\n"
      "cannot be written; with 1 when the check finds a problem."_s,
      {strict, force}, runImport, {u"OLD"_s, u"NEW"_s}},
+    {u"report"_s, u"write a catalogue listing to a PDF file"_s,
+     u"Writes one of the printed catalogue listings of the catalogue at PATH to a PDF\n"
+     "file, the same pages the program's report window shows: by title, by author, or\n"
+     "by topic. Needs no display. The file appears only when it is complete."_s,
+     {{u"--by"_s, u"LISTING"_s, u"title, author or topic"_s, true},
+      {u"--pdf"_s, u"OUT.pdf"_s, u"the PDF file to write"_s, true}},
+     runReport},
 };
 
 QString usageLine(const Command &command)
@@ -263,6 +341,9 @@ int runCommand(const Command &command, const QStringList &args)
     } catch (const CatalogueFileError &e) {
         err() << program << ": " << e.message() << '\n';
         return ExitFailure;
+    } catch (const ReportError &e) {
+        err() << program << ": " << e.message << '\n';
+        return ExitUsage;
     }
 }
 
@@ -270,7 +351,13 @@ int runCommand(const Command &command, const QStringList &args)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // Only a report draws pages: it needs fonts, never a display.
+    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0;
+    if (drawsPages)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> app =
+        drawsPages ? std::make_unique<QGuiApplication>(argc, argv)
+                   : std::make_unique<QCoreApplication>(argc, argv);
     QStringList args = QCoreApplication::arguments().mid(1);
     if (args.isEmpty())
         return usageError(u"no command given"_s, programUsage());

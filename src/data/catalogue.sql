@@ -200,10 +200,12 @@ FROM qryBookDets d
      LEFT JOIN tblAuthor a ON a.AuthorID = ba.AuthorID
 ORDER BY a.AuthorID IS NULL, a.AuthorSurname, a.AuthorFirstName, a.AuthorID, d.BookDets1, d.BookID
 ;;
+-- The topic listing prints each topic's books in the order of this view: by title.
 CREATE VIEW qryTopicDescForRep3 AS
 SELECT t.TopicDescription AS TopicDescription, bt.BookID AS BookID
 FROM tblTopic t JOIN tblBookTopic bt ON bt.TopicID = t.TopicID
-ORDER BY t.TopicDescription, t.TopicID, bt.BookID
+     JOIN tblBook b ON b.BookID = bt.BookID
+ORDER BY t.TopicDescription, t.TopicID, b.BookDescription, bt.BookID
 ;;
 CREATE VIEW qryReport03 AS
 SELECT d.BookID AS BookID, d.BookDets1 AS BookDets1, d.BookDets2 AS BookDets2,

@@ -1,9 +1,9 @@
 #include "search/bookdetails.h"
 
-#include "data/connection.h"
 #include "data/fieldformat.h"
 #include "data/recordset.h"
 #include "data/shape.h"
+#include "printing/dataenvironment.h"
 
 using namespace Qt::StringLiterals;
 
@@ -92,25 +92,10 @@ private:
 
 } // namespace
 
-QString BookDetailsCommandText()
+QList<BookListingRow> ReadBookDetails(const QString &cataloguePath)
 {
-    return u"SHAPE {SELECT BookCondition, BookDescription, BookID, BookPrice, BookWhenPublished, "
-           "BookPublisherId FROM tblBook ORDER BY BookID}  AS BookDetails APPEND ({SELECT "
-           "tblAuthor.AuthorFirstName, tblAuthor.AuthorSurname, tblBookAuthor.BookID FROM "
-           "tblBookAuthor, tblAuthor WHERE tblBookAuthor.AuthorID = tblAuthor.AuthorID}  AS "
-           "AuthorDetails RELATE 'BookID' TO 'BookID') AS AuthorDetails,({SELECT "
-           "tblTopic.TopicDescription, tblBookTopic.BookID FROM tblTopic, tblBookTopic WHERE "
-           "tblTopic.TopicID = tblBookTopic.TopicID}  AS TopicDetails RELATE 'BookID' TO "
-           "'BookID') AS TopicDetails,({SELECT PublisherName, PublisherID FROM tblPublisher}  "
-           "AS PublisherDetails RELATE 'BookPublisherId' TO 'PublisherID') AS PublisherDetails"_s;
-}
-
-QList<BookListingRow> ReadBookDetails(const QString &connectionString)
-{
-    Connection connection;
-    connection.open(connectionString);
-    const std::unique_ptr<ShapedRecordset> books =
-        ShapeCommand(BookDetailsCommandText()).execute(connection);
+    const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(cataloguePath);
+    const std::unique_ptr<ShapedRecordset> books = deShelvane->runShaped(u"BookDetails"_s);
     const ListingRowMaker listingRow(*books);
     QList<BookListingRow> rows;
     const int count = books->records().recordCount();

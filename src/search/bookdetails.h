@@ -16,9 +16,7 @@ struct BookListingRow
     QStringList texts;
 };
 
-// The shaping command the listing's rows come from: each book with its authors, topics and
-// publisher as chapters.
-QString BookDetailsCommandText();
-
-// Every book, in BookID order, with the texts the listing shows. Throws ProviderError.
-QList<BookListingRow> ReadBookDetails(const QString &connectionString);
+// Every book, in BookID order, with the texts the listing shows: the data environment's
+// BookDetails command, each book with its authors, topics and publisher as chapters, run on
+// the catalogue at that path. Throws ProviderError.
+QList<BookListingRow> ReadBookDetails(const QString &cataloguePath);

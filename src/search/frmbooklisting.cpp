@@ -41,7 +41,7 @@ FrmBookListing::~FrmBookListing() = default;
 
 void FrmBookListing::fillList()
 {
-    QList<BookListingRow> books = ReadBookDetails(m_frame.session().connectionString());
+    QList<BookListingRow> books = ReadBookDetails(m_frame.session().strCataloguePath);
     if (books.isEmpty())
         MsgBox(u"There are no books to display"_s, Vb::OKOnly | Vb::Exclamation, u"List Books"_s);
     m_rows = new BookListingModel(std::move(books), this);

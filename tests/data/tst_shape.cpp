@@ -565,8 +565,9 @@ private Q_SLOTS:
             QCOMPARE(group->chapterNames(), QStringList{u"cmdReport3Sub"_s});
             QCOMPARE(texts(group->records(), u"BookID"_s),
                      open.texts(u"SELECT bt.BookID FROM tblBookTopic bt JOIN tblTopic t "
-                                "ON t.TopicID = bt.TopicID WHERE t.TopicDescription = ? "
-                                "ORDER BY t.TopicID, bt.BookID"_s,
+                                "ON t.TopicID = bt.TopicID JOIN tblBook b ON b.BookID = bt.BookID "
+                                "WHERE t.TopicDescription = ? "
+                                "ORDER BY t.TopicID, b.BookDescription, bt.BookID"_s,
                                 topic));
             for (int b = 0; b < group->records().recordCount(); ++b) {
                 const QVariant bookId = group->records().valueAt(b, group->records().fieldIndex(u"BookID"_s));
