@@ -1,7 +1,7 @@
 // Builds the full-text search index of the help collection named on the command line, beside
 // it, so that an installed program whose folder is read-only can still search its help.
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHelpEngineCore>
 #include <QHelpSearchEngine>
 #include <QTimer>
@@ -10,8 +10,10 @@
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
+    // The indexer reads each page through a text document, which needs fonts, and so a
+    // graphical application (offscreen while building).
+    QGuiApplication app(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
     if (arguments.size() != 2) {
         std::fprintf(stderr, "usage: helpindexer COLLECTION.qhc\n");
         return 2;
@@ -23,7 +25,7 @@ int main(int argc, char *argv[])
     }
     QHelpSearchEngine search(&engine);
     QObject::connect(&search, &QHelpSearchEngine::indexingFinished, &app,
-                     &QCoreApplication::quit);
+                     &QGuiApplication::quit);
     QTimer::singleShot(0, &search, &QHelpSearchEngine::reindexDocumentation);
     return app.exec();
 }
