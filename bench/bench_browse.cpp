@@ -58,17 +58,6 @@ double openMilliseconds(MainFrame &frame, const QString &entry, const QString &f
     return best;
 }
 
-double residentMebibytes()
-{
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
-    }
-    return 0;
-}
 
 QString entryOf(const BookBrowserKind &kind)
 {
@@ -128,7 +117,7 @@ void measureTrees(MainFrame &frame, const QSqlDatabase &db)
 // Each form opened once, as a user would, so that no earlier run's memory counts.
 void measureMemory(MainFrame &frame)
 {
-    const double frameOnly = residentMebibytes();
+    const double frameOnly = residentMiB();
     QStringList steps{u"mnuBooks"_s, u"mnuBookList"_s};
     for (const BookBrowserKind &kind : BookBrowserKinds())
         steps.append(entryOf(kind));
@@ -136,11 +125,11 @@ void measureMemory(MainFrame &frame)
         frame.action(entry)->trigger();
         QCoreApplication::processEvents();
         std::printf("  resident memory after %s: %.1f MiB\n", qPrintable(entry),
-                    residentMebibytes());
+                    residentMiB());
     }
     std::printf("Resident memory, book form, listing and both trees open: %.1f MiB "
                 "(the frame alone %.1f MiB)\n",
-                residentMebibytes(), frameOnly);
+                residentMiB(), frameOnly);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "data/jetsql.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSqlQuery>
 #include <QSqlRecord>
 
@@ -56,4 +57,16 @@ void readAll(const QSqlDatabase &db, const QString &statement)
         for (int c = 0; c < columns; ++c)
             query.value(c);
     }
+}
+
+double residentMiB()
+{
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
+    }
+    return 0;
 }

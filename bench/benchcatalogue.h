@@ -24,3 +24,5 @@ double bestMilliseconds(int runs, const std::function<void()> &action);
 // Every value of every row of a statement (Jet SQL, translated), forward only: the least any
 // record set must do, and so the raw baseline of the benchmarks.
 void readAll(const QSqlDatabase &db, const QString &statement);
+// Resident memory of this process, in MiB (0 where the system does not say).
+double residentMiB();

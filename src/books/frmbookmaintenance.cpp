@@ -8,6 +8,7 @@
 #include "shell/bounddelegate.h"
 #include "shell/confirmexit.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/keyfilters.h"
 #include "shell/mainframe.h"
 #include "shell/mandatoryleavecheck.h"
@@ -310,9 +311,7 @@ void FrmBookMaintenance::on_cmdExit_clicked()
 
 void FrmBookMaintenance::on_cmdHelp_clicked()
 {
-    // Help comes from the F1 key, as on every form.
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }
 
 void FrmBookMaintenance::on_cmdPrintLabel_clicked()

@@ -3,11 +3,11 @@
 #include "data/fieldformat.h"
 #include "data/recordset.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/runtimeerrorreport.h"
 #include "shell/session.h"
 #include "ui_frmbookstats.h"
 
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +69,5 @@ void FrmBookStats::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void FrmBookStats::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

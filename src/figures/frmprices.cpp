@@ -5,6 +5,7 @@
 #include "data/transactionguard.h"
 #include "figures/figuretext.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/keyfilters.h"
 #include "shell/mandatoryleavecheck.h"
 #include "shell/msgbox.h"
@@ -12,7 +13,6 @@
 #include "shell/session.h"
 #include "ui_frmprices.h"
 
-#include <QKeyEvent>
 
 #include <optional>
 
@@ -136,6 +136,5 @@ void FrmPrices::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void FrmPrices::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

@@ -4,12 +4,12 @@
 #include "data/recordset.h"
 #include "data/runtimeerror.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
 #include "shell/runtimeerrorreport.h"
 #include "ui_frmcataloguecontrol.h"
 
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -113,6 +113,5 @@ void FrmCatalogueControl::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void FrmCatalogueControl::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

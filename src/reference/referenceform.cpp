@@ -8,6 +8,7 @@
 #include "shell/bounddelegate.h"
 #include "shell/confirmexit.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/mandatoryfield.h"
 #include "shell/mandatoryleavecheck.h"
 #include "shell/msgbox.h"
@@ -21,7 +22,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
-#include <QKeyEvent>
 #include <QMdiSubWindow>
 
 #include <algorithm>
@@ -450,8 +450,7 @@ void ReferenceForm::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void ReferenceForm::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }
 
 void ReferenceForm::closeEvent(QCloseEvent *event)

@@ -6,13 +6,13 @@
 #include "search/bookhandover.h"
 #include "search/booktreemodel.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
 #include "shell/recordstatusbar.h"
 #include "shell/runtimeerrorreport.h"
 #include "ui_frmbookbrowser.h"
 
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -140,6 +140,5 @@ void BookBrowser::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void BookBrowser::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

@@ -5,13 +5,13 @@
 #include "search/booklistingmodel.h"
 #include "search/listviewroutines.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
 #include "shell/runtimeerrorreport.h"
 #include "ui_frmbooklisting.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -86,6 +86,5 @@ void FrmBookListing::on_cmdExit_clicked()
 // The help of this form, as F1 pressed on it would open.
 void FrmBookListing::on_cmdHelp_clicked()
 {
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

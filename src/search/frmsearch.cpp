@@ -8,6 +8,7 @@
 #include "data/transactionguard.h"
 #include "shell/datacombo.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/keyfilters.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
@@ -17,7 +18,6 @@
 #include "ui_frmsearch.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -206,7 +206,5 @@ void FrmSearch::on_cmdExit_clicked()
 
 void FrmSearch::on_cmdHelp_clicked()
 {
-    // Help comes from the F1 key, as on every form.
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

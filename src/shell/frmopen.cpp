@@ -8,6 +8,7 @@
 #include "data/runtimeerror.h"
 #include "shell/catalogueconversion.h"
 #include "shell/formregistry.h"
+#include "shell/helptopics.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
 #include "shell/runtimeerrorreport.h"
@@ -203,7 +204,5 @@ void FrmOpen::on_cmdExit_clicked()
 
 void FrmOpen::on_cmdHelp_clicked()
 {
-    // Help comes from the F1 key, as on every form.
-    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(this, &f1);
+    SendHelpKey(this);
 }

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QHash>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QWidget>
 
@@ -95,4 +96,10 @@ void ShowHelpForWidget(const QWidget *widget)
         }
     }
     ShowHelpTopic(HelpTopic::Contents);
+}
+
+void SendHelpKey(QWidget *form)
+{
+    QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+    QCoreApplication::sendEvent(form, &f1);
 }

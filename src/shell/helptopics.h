@@ -17,3 +17,5 @@ void ShowHelpTopic(int topic);
 void ShowHelpForForm(const QString &formName);
 // The topic of the nearest form around the widget: what F1 opens.
 void ShowHelpForWidget(const QWidget *widget);
+// What every form's Help button does: sends the form the F1 key, which opens its topic.
+void SendHelpKey(QWidget *form);
