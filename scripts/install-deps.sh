@@ -12,6 +12,7 @@ packages=(
   mdbtools-dev
   fonts-liberation
   xvfb xauth
+  desktop-file-utils help2man
 )
 
 missing=()
