@@ -13,6 +13,7 @@ packages=(
   fonts-liberation
   poppler-utils
   xvfb xauth
+  desktop-file-utils help2man
 )
 
 missing=()

@@ -5,6 +5,7 @@
 #include "search/searchforms.h"
 #include "shell/application.h"
 #include "shell/mainframe.h"
+#include "shell/programfolder.h"
 
 #include <QCommandLineParser>
 #include <QTimer>
@@ -23,6 +24,7 @@ int main(int argc, char *argv[])
         u"Save a picture of the main window to <file> and exit."_s, u"file"_s);
     parser.addOption(screenshot);
     parser.process(app);
+    PrepareProgramFolder();
 
     // The frame alone, with no catalogue open: the user opens one with File › Open Catalogue.
     MainFrame frame;

@@ -11,6 +11,7 @@
 #include "shell/helptopics.h"
 #include "shell/mainframe.h"
 #include "shell/msgbox.h"
+#include "shell/programfolder.h"
 #include "shell/runtimeerrorreport.h"
 
 #include <QCoreApplication>
@@ -26,8 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString CatalogueFileName = u"QuireshelfCatalog01.mdb"_s;
 
 // Only the tail of the path is compared, and with its letter case.
 bool hasCatalogueName(const QString &path)
@@ -68,7 +67,7 @@ FrmOpen::FrmOpen(MainFrame &frame, QWidget *parent)
 {
     ui->setupUi(this);
     ui->txtDataBase->setText(
-        QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + u'/' + CatalogueFileName));
+        QDir::toNativeSeparators(QDir(ProgramFolder()).filePath(CatalogueFileName)));
     ui->txtDataBase->installEventFilter(this);
     for (QPushButton *button : {ui->cmdFind, ui->cmdOpen, ui->cmdExit, ui->cmdHelp})
         button->installEventFilter(this);
@@ -136,7 +135,7 @@ void FrmOpen::on_cmdFind_clicked()
     cdgOpenDatabase.setAcceptMode(QFileDialog::AcceptOpen);
     cdgOpenDatabase.setFileMode(QFileDialog::ExistingFile);
     cdgOpenDatabase.setNameFilter(u"Database Files (*.mdb)"_s);
-    cdgOpenDatabase.setDirectory(QCoreApplication::applicationDirPath());
+    cdgOpenDatabase.setDirectory(ProgramFolder());
     // Cancelling leaves the path as it was, without a word.
     if (cdgOpenDatabase.exec() != QDialog::Accepted || cdgOpenDatabase.selectedFiles().isEmpty())
         return;

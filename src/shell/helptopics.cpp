@@ -2,6 +2,7 @@
 
 #include "shell/helpwindow.h"
 #include "shell/msgbox.h"
+#include "shell/programfolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -47,7 +48,7 @@ const QHash<QString, int> &topicsByForm()
 
 QString helpCollection()
 {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(u"Shelvane.qhc"_s);
+    return ProgramFile(u"Shelvane.qhc"_s);
 }
 
 // One help window for the whole program, made on first use and gone when the user closes it.

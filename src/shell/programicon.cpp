@@ -13,7 +13,9 @@ struct Spine
     QColor colour;
 };
 
-QPixmap drawn(int size)
+} // namespace
+
+QPixmap ProgramIconPixmap(int size)
 {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
@@ -38,12 +40,10 @@ QPixmap drawn(int size)
     return pixmap;
 }
 
-} // namespace
-
 QIcon ProgramIcon()
 {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64})
-        icon.addPixmap(drawn(size));
+        icon.addPixmap(ProgramIconPixmap(size));
     return icon;
 }
