@@ -5,10 +5,14 @@
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
 #include "jetimport/catalogueimport.h"
+#include "data/connection.h"
+#include "data/connectionstring.h"
 #include "data/providererror.h"
 #include "data/runtimeerror.h"
 #include "printing/cataloguereports.h"
 #include "printing/dataenvironment.h"
+#include "printing/labelreports.h"
+#include "printing/labeltable.h"
 #include "printing/pdfexport.h"
 #include "printing/reportpaginator.h"
 
@@ -191,16 +195,33 @@ CatalogueListing listingChosen(const QString &by)
         if (name == by)
             return listing;
     }
-    throw ReportError{u"--by must be title, author or topic, not \"%1\""_s.arg(by)};
+    throw ReportError{u"--by must be title, author, topic or labels, not \"%1\""_s.arg(by)};
 }
 
-ReportDocument loadListing(CatalogueListing listing, const QString &cataloguePath)
+// The label sheet reads the working table, which is filled afresh first, as File › Print
+// Labels does.
+ReportDocument loadLabelSheet(const QString &cataloguePath, DataEnvironment &deShelvane)
+{
+    {
+        Connection connection;
+        connection.open(ConnectionString::forCatalogue(cataloguePath));
+        FillLabelTable(connection);
+    }
+    return LoadLabelSheet(deShelvane);
+}
+
+// The report the user chose, laid out as the report window shows it.
+ReportDocument loadReport(const QString &by, const QString &cataloguePath)
 {
     if (!QFileInfo(cataloguePath).isFile())
         throw ReportError{u"%1: no such catalogue file"_s.arg(cataloguePath)};
+    const bool labels = by == u"labels";
+    const CatalogueListing listing = labels ? CatalogueListing::ByTitle : listingChosen(by);
     try {
         const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(cataloguePath);
-        ReportDocument document = LoadCatalogueListing(listing, *deShelvane, cataloguePath);
+        ReportDocument document = labels
+            ? loadLabelSheet(cataloguePath, *deShelvane)
+            : LoadCatalogueListing(listing, *deShelvane, cataloguePath);
         // As the report window does when it becomes active.
         const QString priceFormat = QLocale().toCurrencyString(1.0).left(1) + u"###,##0.00"_s;
         document.definition.applyPriceFormat(priceFormat);
@@ -214,11 +235,12 @@ ReportDocument loadListing(CatalogueListing listing, const QString &cataloguePat
 
 int runReport(const Arguments &args)
 {
-    const CatalogueListing listing = listingChosen(args.given.value(u"--by"_s));
     const QString output = args.given.value(u"--pdf"_s);
     QElapsedTimer timer;
     timer.start();
-    const std::unique_ptr<ReportPaginator> report = loadListing(listing, args.path).paginate();
+    ReportDocument document = loadReport(args.given.value(u"--by"_s), args.path);
+    const QString caption = document.definition.caption;
+    const std::unique_ptr<ReportPaginator> report = document.paginate();
     PdfExport::Progress progress;
     if (stderrIsTerminal()) {
         progress = [](int pages) {
@@ -232,7 +254,7 @@ int runReport(const Arguments &args)
     if (stderrIsTerminal())
         err() << '\n';
     const int pages = report->pagesLaidOut();
-    out() << output << ": " << ListingInfo(listing).caption << ", " << pages
+    out() << output << ": " << caption << ", " << pages
           << (pages == 1 ? " page" : " pages") << " in "
           << QString::number(timer.elapsed() / 1000.0, 'f', 2) << " s\n";
     return 0;
@@ -290,11 +312,13 @@ const QList<Command> commands = {
      "catalogue, NEW exists already (without --force), the import stops or the new file\n"
      "cannot be written; with 1 when the check finds a problem."_s,
      {strict, force}, runImport, {u"OLD"_s, u"NEW"_s}},
-    {u"report"_s, u"write a catalogue listing to a PDF file"_s,
+    {u"report"_s, u"write a catalogue listing or the label sheet to a PDF file"_s,
      u"Writes one of the printed catalogue listings of the catalogue at PATH to a PDF\n"
      "file, the same pages the program's report window shows: by title, by author, or\n"
-     "by topic. Needs no display. The file appears only when it is complete."_s,
-     {{u"--by"_s, u"LISTING"_s, u"title, author or topic"_s, true},
+     "by topic; or the sheet of every book's label, which first fills the catalogue's\n"
+     "label table afresh as Print Labels does. Needs no display. The file appears only\n"
+     "when it is complete."_s,
+     {{u"--by"_s, u"REPORT"_s, u"title, author, topic or labels"_s, true},
       {u"--pdf"_s, u"OUT.pdf"_s, u"the PDF file to write"_s, true}},
      runReport},
 };

@@ -2,6 +2,7 @@
 
 #include "data/connection.h"
 #include "data/recordset.h"
+#include "data/transactionguard.h"
 
 #include <QLocale>
 
@@ -91,7 +92,9 @@ QString LabelValues(const Recordset &labels, int row)
     return values;
 }
 
-void FillLabelTable(Connection &connection)
+namespace {
+
+void fillRows(Connection &connection)
 {
     connection.execute(u"Delete from tblLabelTable"_s, CommandType::Text);
     const std::unique_ptr<Recordset> labels =
@@ -115,4 +118,21 @@ void FillLabelTable(Connection &connection)
         buffer += emptyLabel;
     buffer.chop(1);
     insert(connection, buffer + u')');
+}
+
+} // namespace
+
+void FillLabelTable(Connection &connection)
+{
+    // One transaction for the whole run: without it every row's statement is a commit of its
+    // own, seconds for thousands of rows. A failing INSERT still keeps the rows written before
+    // it: they are committed before the error goes on.
+    TransactionGuard transaction(connection);
+    try {
+        fillRows(connection);
+    } catch (const ProviderError &) {
+        transaction.commit();
+        throw;
+    }
+    transaction.commit();
 }

@@ -78,6 +78,28 @@ private Q_SLOTS:
         QVERIFY(SavePdfPictures(written, listing.name + u"-middle"_s, middle, middle));
     }
 
+    // The sheet of every label, staged into the catalogue's label table first.
+    void toolWritesTheLabelSheet()
+    {
+        const TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        QSqlQuery(catalogue.db()).exec(u"DELETE FROM tblLabelTable"_s);
+        QTemporaryDir folder;
+        const QString written = folder.filePath(u"labels.pdf"_s);
+        const ToolRun run = RunCatalogueTool({u"report"_s, catalogue.path(), u"--by"_s,
+                                              u"labels"_s, u"--pdf"_s, written});
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.status, 0);
+        QVERIFY2(run.out.startsWith(written + u": Catalogue Labels, "_s), qPrintable(run.out));
+        const int labels = catalogue.scalar(u"select count(*) from qryBookLabel01"_s).toInt();
+        const int rows = catalogue.scalar(u"select count(*) from tblLabelTable"_s).toInt();
+        QCOMPARE(rows, (labels + 3) / 4);
+        // Four label blocks to a table row, the padding of the last row's included.
+        const QString text = PdfText(written);
+        QCOMPARE(text.count(u"Book Number :"_s), rows * 4);
+        for (const QString &expected : {u"Pride and Prejudice"_s, u"Ashdown & Pryce"_s, u"£385.00"_s})
+            QVERIFY2(text.contains(expected), qPrintable(expected));
+    }
+
     void toolRefusesBadInputWithOneLineAndStatusTwo_data()
     {
         QTest::addColumn<QString>("catalogue");
@@ -90,7 +112,7 @@ private Q_SLOTS:
         QTest::newRow("no owner row") << u"ownerless"_s << u"topic"_s << u"out.pdf"_s
                                       << u"Either BOF or EOF is True"_s;
         QTest::newRow("bad choice") << u"good"_s << u"price"_s << u"out.pdf"_s
-                                    << u"--by must be title, author or topic, not \"price\""_s;
+                                    << u"--by must be title, author, topic or labels, not \"price\""_s;
         QTest::newRow("unwritable output") << u"good"_s << u"author"_s << u"no/such/folder/out.pdf"_s
                                            << u"Cannot write"_s;
     }
