@@ -140,16 +140,22 @@ ReportDefinition LabelSheetDefinition()
     report.margins = QMarginsF(margin, margin, margin, margin);
     ReportSection section{u"Section1"_s, SectionKind::Detail, labelHeight + gap, {}, false, false};
     auto leftOf = [](int block) { return (block - 1) * (labelWidth + gap); };
-    for (int block = 1; block <= 4; ++block)
+    for (int block = 1; block <= LabelsAcross; ++block)
         section.controls.append(outline(u"Shape%1"_s.arg(block), leftOf(block)));
-    for (int block = 1; block <= 4; ++block)
+    for (int block = 1; block <= LabelsAcross; ++block)
         section.controls += labelBlock(leftOf(block), blockNames(block), QString::number(block));
     section.controls.append(topicBox(u"txtTopicDescription1"_s, leftOf(1), u"1"_s));
-    for (int block = 2; block <= 4; ++block)
+    for (int block = 2; block <= LabelsAcross; ++block)
         section.controls.append(topicBox(u"Text%1"_s.arg(35 + block), leftOf(block),
                                          QString::number(block)));
+    // Every control of a block prints only where that block holds a label.
+    for (ReportControl &control : section.controls) {
+        const QString block = control.field.isEmpty() ? control.name.right(1) : control.field.right(1);
+        control.presentWith = u"BookId"_s + block;
+    }
     report.sections = {section};
     report.priceBoxes = {{1, 21}, {1, 38}, {1, 55}, {1, 72}};
+    report.labelsAcross = LabelsAcross;
     return report;
 }
 
@@ -175,7 +181,40 @@ ReportDefinition SingleLabelDefinition()
 
 ReportDocument LoadLabelSheet(DataEnvironment &deShelvane)
 {
-    return detailDocument(LabelSheetDefinition(), deShelvane.run(u"cmdLabels"_s));
+    std::shared_ptr<const Recordset> table = deShelvane.run(u"cmdLabels"_s);
+    ReportDocument document;
+    document.definition = LabelSheetDefinition();
+    document.bands = [table](const ReportDefinition &report) {
+        return DetailBands(LabelsFrom(*table, report.firstLabel),
+                           report.sectionIndex(SectionKind::Detail));
+    };
+    return document;
+}
+
+std::shared_ptr<const Recordset> LabelsFrom(const Recordset &table, int firstLabel)
+{
+    const int perLabel = table.fieldCount() / LabelsAcross;
+    QList<QVariantList> labels;
+    for (int place = 1; place < firstLabel; ++place)
+        labels.append(QVariantList(perLabel));
+    for (int row = 0; row < table.recordCount(); ++row) {
+        for (int block = 0; block < LabelsAcross; ++block) {
+            QVariantList label;
+            for (int field = 0; field < perLabel; ++field)
+                label.append(table.valueAt(row, block * perLabel + field));
+            // The padding of the table's last row is no label.
+            if (!label.constFirst().isNull())
+                labels.append(label);
+        }
+    }
+    QList<QVariantList> rows;
+    for (qsizetype first = 0; first < labels.size(); first += LabelsAcross) {
+        QVariantList row;
+        for (int block = 0; block < LabelsAcross; ++block)
+            row += first + block < labels.size() ? labels.at(first + block) : QVariantList(perLabel);
+        rows.append(row);
+    }
+    return Recordset::fromRows(table.fieldNames(), rows);
 }
 
 ReportDocument LoadSingleLabel(DataEnvironment &deShelvane, const QString &bookNumber)

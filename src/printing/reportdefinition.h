@@ -51,6 +51,10 @@ struct ReportControl
     // An empty text gives its height back, and controls below move up.
     bool canShrink = false;
     qreal lineWidth = Decipoints::PerPoint / 2; // shapes and lines
+    // A field that must have a value in the row for the control to print at all: a label of
+    // a sheet left empty (the padding of the last row, a place skipped on a part-used sheet)
+    // prints nothing, so that label stays usable.
+    QString presentWith;
 };
 
 struct ReportSection
@@ -83,6 +87,11 @@ struct ReportDefinition
     QList<ReportSection> sections;
     // The price boxes, which take the session's price format when the report is activated.
     QList<ControlAddress> priceBoxes;
+    // Label sheets: the labels across one detail row (0 for any other report), and the place
+    // on the first sheet where printing starts, counted from 1 across and then down, so that
+    // a part-used sheet can be used up.
+    int labelsAcross = 0;
+    int firstLabel = 1;
 
     // The part of the page a report may print on.
     QRectF printableRect() const;

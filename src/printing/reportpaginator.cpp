@@ -193,8 +193,11 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
     band.section = sectionIndex;
     band.items.reserve(section.controls.size());
     QList<qreal> growth(section.controls.size(), 0);
+    QList<qsizetype> absent;
     for (qsizetype i = 0; i < section.controls.size(); ++i) {
         const ReportControl &control = section.controls[i];
+        if (!control.presentWith.isEmpty() && !hasValue(records, row, control.presentWith))
+            absent.append(i);
         PageItem item;
         item.kind = itemKind(control.kind);
         item.rect = control.rect;
@@ -227,6 +230,8 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
         band.items.append(std::move(item));
     }
     applyGrowth(band.items, growth);
+    for (auto index = absent.crbegin(); index != absent.crend(); ++index)
+        band.items.removeAt(*index);
     qreal total = section.height;
     for (qreal grown : growth)
         total += grown;
@@ -236,6 +241,14 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
         return item.kind == PageItem::Kind::Text && item.text.isEmpty();
     });
     return band;
+}
+
+bool ReportPaginator::hasValue(const Recordset *records, int row, const QString &field)
+{
+    if (!records)
+        return false;
+    const int index = records->fieldIndex(field);
+    return index >= 0 && !records->valueAt(row, index).isNull();
 }
 
 QString ReportPaginator::textOf(const ReportControl &control, const Recordset *records, int row,

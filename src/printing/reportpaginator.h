@@ -46,6 +46,7 @@ private:
 
     bool layOutNextPage();
     Band layOut(int section, const Recordset *records, int row, int pageNumber);
+    static bool hasValue(const Recordset *records, int row, const QString &field);
     QString textOf(const ReportControl &control, const Recordset *records, int row,
                    int pageNumber) const;
     const Band *peek(size_t ahead);

@@ -52,6 +52,25 @@ ReportWindow::ReportWindow(const Session &session, ReportDocument document, QWid
     for (int percent : {50, 75, 100, 125, 150, 200})
         ui->cboZoom->addItem(u"%1%"_s.arg(percent), percent);
     ui->cboZoom->setCurrentIndex(1);
+    offerFirstLabel();
+}
+
+// A label sheet can start at any place of a part-used first sheet; other reports have no
+// such choice.
+void ReportWindow::offerFirstLabel()
+{
+    const ReportDefinition &report = m_document.definition;
+    const int detail = report.sectionIndex(SectionKind::Detail);
+    const bool labels = report.labelsAcross > 0 && detail >= 0;
+    ui->lblFirstLabel->setVisible(labels);
+    ui->spnFirstLabel->setVisible(labels);
+    if (!labels)
+        return;
+    const int rowsPerSheet = std::max(
+        1, int(report.printableRect().height() / report.sections.at(detail).height));
+    const QSignalBlocker quiet(ui->spnFirstLabel);
+    ui->spnFirstLabel->setRange(1, rowsPerSheet * report.labelsAcross);
+    ui->spnFirstLabel->setValue(report.firstLabel);
 }
 
 ReportWindow::~ReportWindow() = default;
@@ -98,6 +117,11 @@ void ReportWindow::activate()
     if (m_pages && report.hasPriceFormat(m_session.strPriceFormat))
         return;
     report.applyPriceFormat(m_session.strPriceFormat);
+    layOutAfresh();
+}
+
+void ReportWindow::layOutAfresh()
+{
     m_pages = m_document.paginate();
     m_current = 0;
     refresh();
@@ -196,6 +220,12 @@ void ReportWindow::on_cboZoom_currentIndexChanged(int)
 {
     if (m_pages)
         refresh();
+}
+
+void ReportWindow::on_spnFirstLabel_valueChanged(int place)
+{
+    m_document.definition.firstLabel = place;
+    RunHandler([this] { layOutAfresh(); });
 }
 
 bool ReportWindow::eventFilter(QObject *watched, QEvent *event)

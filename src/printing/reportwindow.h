@@ -37,6 +37,7 @@ private Q_SLOTS:
     void on_cmdLast_clicked();
     void on_txtPage_returnPressed();
     void on_cboZoom_currentIndexChanged(int index);
+    void on_spnFirstLabel_valueChanged(int place);
     void on_cmdPrint_clicked();
     void on_cmdExport_clicked();
 
@@ -47,6 +48,8 @@ protected:
 
 private:
     void activate();
+    void offerFirstLabel();
+    void layOutAfresh();
     void layOutMorePages();
     void nameSections();
     void refresh();

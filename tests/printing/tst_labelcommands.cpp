@@ -3,6 +3,7 @@
 #include "books/labelprinter.h"
 #include "printing/pdfexport.h"
 #include "printing/printingforms.h"
+#include "printing/reportpage.h"
 #include "printing/reportpaginator.h"
 #include "printing/reportwindow.h"
 #include "reportfixture.h"
@@ -11,10 +12,12 @@
 #include "support/catalogueopener.h"
 #include "support/finders.h"
 #include "support/modalresponder.h"
+#include "support/screenshot.h"
 #include "support/testmain.h"
 
 #include <QAction>
 #include <QPointer>
+#include <QSpinBox>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 
@@ -94,6 +97,39 @@ private Q_SLOTS:
         sheet = qobject_cast<ReportWindow *>(FindForm(u"DataReport4"_s));
         QVERIFY(sheet);
         QCOMPARE(TextsOf(AllPages(sheet->pages()), u"txtBookPrice1"_s).constFirst(), u"£1.00"_s);
+    }
+
+    // A part-used sheet: the window's "Start at label" moves every label along, and the
+    // listings have no such choice.
+    void theSheetCanStartAtAnyPlaceOfTheFirstSheet()
+    {
+        ModalResponder responder;
+        responder.expect(printLabelsQuestion(u"Yes"_s));
+        frame().action(u"mnuPrintLabels"_s)->trigger();
+        QCOMPARE(responder.finish(), QString());
+        auto *sheet = qobject_cast<ReportWindow *>(FindForm(u"DataReport4"_s));
+        QVERIFY(sheet);
+        auto *firstLabel = sheet->findChild<QSpinBox *>(u"spnFirstLabel"_s);
+        QVERIFY(firstLabel && firstLabel->isVisible());
+        QCOMPARE(firstLabel->value(), 1);
+        QCOMPARE(firstLabel->maximum() % 4, 0);
+        const QStringList before = TextsOf(AllPages(sheet->pages()), u"txtBookId1"_s);
+        const QString secondLabel = TextsOf(AllPages(sheet->pages()), u"Text1"_s).constFirst();
+
+        firstLabel->selectAll();
+        QTest::keyClicks(firstLabel, u"2"_s);
+        QCOMPARE(firstLabel->value(), 2);
+        const QList<const ReportPage *> pages = AllPages(sheet->pages());
+        // The first place stays empty; the first label is now in the second place.
+        QCOMPARE(TextsOf(pages, u"Text1"_s).constFirst(), before.constFirst());
+        QVERIFY(TextsOf(pages, u"txtBookId1"_s).constFirst() != before.constFirst());
+        QCOMPARE(TextsOf(pages, u"Text13"_s).constFirst(), secondLabel);
+        QVERIFY(!SaveScreenshot(frame().forms().windowOf(sheet), u"DataReport4-window"_s).isEmpty());
+
+        frame().action(u"mnuRepTitleOrder"_s)->trigger();
+        QWidget *listing = FindForm(u"DataReport1"_s);
+        QVERIFY(listing);
+        QVERIFY(!listing->findChild<QSpinBox *>(u"spnFirstLabel"_s)->isVisible());
     }
 
     void singleLabelOpensForTheBookShown()

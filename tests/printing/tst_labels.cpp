@@ -6,6 +6,7 @@
 #include "printing/dataenvironment.h"
 #include "printing/labelreports.h"
 #include "printing/labeltable.h"
+#include "printing/reportpage.h"
 #include "printing/reportpaginator.h"
 #include "reportfixture.h"
 #include "support/testcatalogue.h"
@@ -154,6 +155,54 @@ private Q_SLOTS:
         exec(catalogue, u"UPDATE tblBook SET BookWhenPublished = NULL WHERE BookID = 5"_s);
         QVERIFY_THROWS_EXCEPTION(ProviderError, fill(catalogue));
         QCOMPARE(rows(catalogue), 1);
+    }
+
+    // An empty block (the padding of the last row) prints nothing, not even its outline.
+    void emptyPlacesPrintNothing()
+    {
+        const TestCatalogue catalogue;
+        for (int i = 2; i <= 5; ++i)
+            addBook(catalogue, u"Book %1"_s.arg(i), 1900 + i);
+        fill(catalogue);
+        ReportPaginator *sheet = nullptr;
+        std::unique_ptr<ReportPaginator> owner;
+        const QList<const ReportPage *> pages = sheetPages(catalogue, sheet, owner);
+        QCOMPARE(pages.size(), 1);
+        QCOMPARE(TextsOf(pages, u"lblBookNumber1"_s).size(), 2);
+        QCOMPARE(TextsOf(pages, u"lblBookNumber2"_s).size(), 1);
+        int outlines = 0;
+        for (const PageItem &item : pages.first()->items)
+            outlines += item.control.startsWith(u"Shape"_s);
+        QCOMPARE(outlines, 5);
+    }
+
+    // A part-used sheet: printing starts at the place asked for, across and then down.
+    void theSheetStartsAtTheFirstUnusedLabel()
+    {
+        const TestCatalogue catalogue;
+        for (int i = 2; i <= 5; ++i)
+            addBook(catalogue, u"Book %1"_s.arg(i), 1900 + i);
+        fill(catalogue);
+        const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(catalogue.path());
+        ReportDocument sheet = LoadLabelSheet(*deShelvane);
+        QCOMPARE(sheet.definition.firstLabel, 1);
+        QCOMPARE(sheet.definition.labelsAcross, 4);
+        sheet.definition.applyPriceFormat(PoundsFormat);
+        sheet.definition.firstLabel = 3;
+        const auto pages = sheet.paginate();
+        const QList<const ReportPage *> all = AllPages(*pages);
+        QVERIFY(TextsOf(all, u"txtBookId1"_s) == QStringList{u"3"_s});
+        QVERIFY(TextsOf(all, u"Text1"_s) == QStringList{u"4"_s});
+        QVERIFY(TextsOf(all, u"Text13"_s) == (QStringList{u"1"_s, u"5"_s}));
+        QVERIFY(TextsOf(all, u"Text25"_s) == QStringList{u"2"_s});
+
+        const auto table = deShelvane->run(u"cmdLabels"_s);
+        const auto shifted = LabelsFrom(*table, 6);
+        QCOMPARE(shifted->recordCount(), 3);
+        QVERIFY(shifted->valueAt(0, 0).isNull());
+        QCOMPARE(shifted->valueAt(1, shifted->fieldIndex(u"BookId2"_s)).toInt(), 1);
+        QCOMPARE(shifted->valueAt(2, shifted->fieldIndex(u"BookId2"_s)).toInt(), 5);
+        QVERIFY(shifted->valueAt(2, shifted->fieldIndex(u"BookId3"_s)).isNull());
     }
 
     void sheetHasFourBlocksAcrossWithTheDesignedControls()
