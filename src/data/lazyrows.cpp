@@ -77,6 +77,7 @@ std::optional<QVariantList> LazyRows::readKeys(Connection &connection, const QSt
             return std::nullopt;
     }
     m_read.assign(std::size_t(keys.size()), false);
+    m_unread = int(keys.size());
     m_run = PageRows;
     return keys;
 }
@@ -91,24 +92,26 @@ void LazyRows::readPage(Connection &connection, RowStore &store, int row)
     const int first = scanning ? row : row - row % PageRows;
     const int end = std::min(count, first + m_run);
 
-    QHash<QString, int> rowOfKey;
-    QVariantList keys;
+    // The page's keys go in as one bound list of whole numbers, however long the page.
+    QHash<qint64, int> rowOfKey;
+    QByteArray keys = "[";
     for (int r = first; r < end; ++r) {
         if (m_read[std::size_t(r)])
             continue;
-        const QVariant key = store.value(r, m_keyColumn);
-        rowOfKey.insert(key.toString(), r);
-        keys.append(key);
+        const qint64 key = store.value(r, m_keyColumn).toLongLong();
+        rowOfKey.insert(key, r);
+        if (keys.size() > 1)
+            keys += ',';
+        keys += QByteArray::number(key);
     }
+    keys += ']';
     QSqlQuery query(connection.database());
     query.setForwardOnly(true);
-    const QString text = u"SELECT "_s + m_fields + u" FROM "_s + quoted(m_table) + u" WHERE "_s
-        + quoted(m_table) + u'.' + quoted(m_keyField) + u" IN ("_s
-        + QStringList(keys.size(), u"?"_s).join(u',') + u')';
-    if (!query.prepare(text))
+    if (!query.prepare(u"SELECT "_s + m_fields + u" FROM "_s + quoted(m_table) + u" WHERE "_s
+                       + quoted(m_table) + u'.' + quoted(m_keyField)
+                       + u" IN (SELECT value FROM json_each(?))"_s))
         connection.fail(ProviderError::fromSqlError(query.lastError()));
-    for (const QVariant &key : keys)
-        query.addBindValue(key);
+    query.addBindValue(QString::fromLatin1(keys));
     if (!query.exec())
         connection.fail(ProviderError::fromSqlError(query.lastError()));
     const int columns = store.columnCount();
@@ -116,12 +119,19 @@ void LazyRows::readPage(Connection &connection, RowStore &store, int row)
     while (query.next()) {
         for (int c = 0; c < columns; ++c)
             values[c] = query.value(c);
-        const int r = rowOfKey.value(values.at(m_keyColumn).toString(), -1);
+        const int r = rowOfKey.value(values.at(m_keyColumn).toLongLong(), -1);
         if (r >= 0)
             store.setRow(r, values);
     }
-    for (int r = first; r < end; ++r)
-        m_read[std::size_t(r)] = true;
+    for (int r = first; r < end; ++r) {
+        if (!m_read[std::size_t(r)]) {
+            m_read[std::size_t(r)] = true;
+            --m_unread;
+        }
+    }
+    // Every row is in: give back the room kept for more text.
+    if (m_unread == 0)
+        store.squeeze();
 }
 
 std::optional<QVariantList> LazyRows::keysMaybeWithText(Connection &connection,
@@ -166,5 +176,7 @@ void LazyRows::rowAppended()
 
 void LazyRows::rowRemoved(int row)
 {
+    if (!m_read[std::size_t(row)])
+        --m_unread;
     m_read.erase(m_read.begin() + row);
 }

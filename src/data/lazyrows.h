@@ -3,7 +3,6 @@
 #include <QString>
 #include <QVariant>
 
-#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -39,7 +38,7 @@ public:
                                          int keyColumn);
 
     bool isRead(int row) const { return m_read[std::size_t(row)]; }
-    int rowsRead() const { return int(std::count(m_read.begin(), m_read.end(), true)); }
+    int rowsRead() const { return int(m_read.size()) - m_unread; }
     // Reads the page holding `row` into the store, whose key column already holds every
     // row's key. Throws ProviderError.
     void readPage(Connection &connection, RowStore &store, int row);
@@ -62,5 +61,6 @@ private:
     QString m_keyField;
     int m_keyColumn = -1;
     std::vector<bool> m_read;
+    int m_unread = 0;
     int m_run = PageRows;
 };
