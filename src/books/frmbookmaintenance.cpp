@@ -142,6 +142,12 @@ void FrmBookMaintenance::bindDataControls()
     for (const DataControlSource &source : dataControlSources()) {
         DataControl *control = controls.value(source.name);
         control->setConnectionString(connectionString());
+        // The author and topic lists show one book's links: they open on none here and on the
+        // first book's once it is shown, never on every link of the catalogue.
+        if (control == adoAuthor || control == adoTopic)
+            control->setRecordSource(
+                LinkSideOf(control == adoAuthor ? LinkSide::Author : LinkSide::Topic).listSource
+                + u"0"_s);
         if (!filtered || (control != adoBook && control != adoBookLkup))
             control->Refresh();
     }

@@ -2,10 +2,12 @@
 
 #include "data/findcriterion.h"
 #include "data/jetsql.h"
+#include "data/lazyrows.h"
 #include "data/providererror.h"
 #include "data/tablewriter.h"
 
 #include <QHash>
+#include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -39,7 +41,9 @@ struct Recordset::Private
     bool open = false;
     QStringList fields;
     QHash<QString, int> fieldByName; // lower-case name to index
-    RowStore store;
+    // Rows not yet read hold only their key; `lazy` reads them when they are visited.
+    mutable RowStore store;
+    mutable std::optional<LazyRows> lazy;
     std::vector<Bookmark> serials; // ascending, so a bookmark is found by binary search
     Bookmark nextSerial = 1;
     int pos = -1;     // -1 BOF, count EOF
@@ -69,7 +73,49 @@ struct Recordset::Private
         serials.push_back(nextSerial++);
     }
 
+    // Makes sure a row's fields have been read.
+    void read(int row) const
+    {
+        if (lazy && row >= 0 && row < count() && !lazy->isRead(row))
+            lazy->readPage(*connection, store, row);
+    }
+
     void fetch()
+    {
+        lazy = LazyRows::forSelect(sql);
+        if (lazy && fetchKeys())
+            return;
+        lazy.reset();
+        fetchAll();
+    }
+
+    // Reads only the keys, in order, when the select is over one table with a key.
+    bool fetchKeys()
+    {
+        const std::optional<QStringList> found = lazy->fieldNames(*connection);
+        if (!found)
+            return false;
+        const QStringList &names = *found;
+        writer = TableWriter::forSelect(connection->database(), sql, names);
+        if (!writer)
+            return false;
+        const std::optional<QVariantList> keys =
+            lazy->readKeys(*connection, writer->keyField(), writer->keyColumn());
+        if (!keys)
+            return false;
+        setFields(names);
+        serials.clear();
+        serials.reserve(std::size_t(keys->size()));
+        QVariantList values(names.size());
+        for (const QVariant &key : *keys) {
+            values[writer->keyColumn()] = key;
+            appendRow(values);
+        }
+        keyIndexValid = false;
+        return true;
+    }
+
+    void fetchAll()
     {
         QSqlQuery query(connection->database());
         query.setForwardOnly(true);
@@ -170,6 +216,7 @@ void Recordset::close()
     d->open = false;
     d->store.reset(0);
     d->serials.clear();
+    d->lazy.reset();
     d->mode = EditMode::None;
     d->pending.clear();
     d->keyIndexValid = false;
@@ -328,7 +375,30 @@ QVariant Recordset::valueAt(int row, int field) const
 {
     if (d->mode != EditMode::None && row == d->pos)
         return d->pending.value(field);
+    if (!d->writer || field != d->writer->keyColumn())
+        d->read(row);
     return d->store.value(row, field);
+}
+
+int Recordset::firstRowShowing(int field, const QString &text, Qt::CaseSensitivity cs) const
+{
+    d->checkField(field);
+    std::optional<QVariantList> keys;
+    if (d->lazy && d->writer && field != d->writer->keyColumn())
+        keys = d->lazy->keysMaybeWithText(*d->connection, d->fields.at(field), text, cs);
+    QSet<int> candidates;
+    if (keys)
+        for (const QVariant &key : std::as_const(*keys))
+            candidates.insert(d->rowOf(key.toLongLong()));
+    for (int row = 0; row < d->count(); ++row) {
+        const bool known = !keys || d->lazy->isRead(row)
+            || (d->mode != EditMode::None && row == d->pos);
+        if (!known && !candidates.contains(row))
+            continue;
+        if (valueAt(row, field).toString().compare(text, cs) == 0)
+            return row;
+    }
+    return -1;
 }
 
 void Recordset::setValue(const QString &name, const QVariant &value)
@@ -345,6 +415,7 @@ void Recordset::setValue(int field, const QVariant &value)
         notUpdatable();
     if (d->mode == EditMode::None) {
         Q_EMIT willChangeRecord(ChangeReason::FirstChange);
+        d->read(d->pos);
         d->pending = d->store.row(d->pos);
         d->mode = EditMode::InProgress;
     }
@@ -362,6 +433,8 @@ void Recordset::addNew()
     const int row = d->count();
     Q_EMIT aboutToInsertRow(row);
     d->appendRow(QVariantList(d->fields.size()));
+    if (d->lazy)
+        d->lazy->rowAppended();
     d->pending = QVariantList(d->fields.size());
     d->mode = EditMode::Add;
     d->keyIndexValid = false;
@@ -408,6 +481,8 @@ void Recordset::cancelUpdate()
     Q_EMIT aboutToRemoveRow(row);
     d->store.removeRow(row);
     d->serials.erase(d->serials.begin() + row);
+    if (d->lazy)
+        d->lazy->rowRemoved(row);
     d->keyIndexValid = false;
     Q_EMIT rowRemoved(row);
     d->pos = d->rowBeforeAdd >= 0 ? d->rowBeforeAdd : d->count();
@@ -432,6 +507,8 @@ void Recordset::deleteCurrent()
     Q_EMIT aboutToRemoveRow(row);
     d->store.removeRow(row);
     d->serials.erase(d->serials.begin() + row);
+    if (d->lazy)
+        d->lazy->rowRemoved(row);
     d->keyIndexValid = false;
     d->gap = true;
     Q_EMIT rowRemoved(row);
@@ -465,6 +542,11 @@ void Recordset::requery()
 qint64 Recordset::bytesHeld() const
 {
     return d->store.bytesUsed() + qint64(d->serials.capacity() * sizeof(Bookmark));
+}
+
+int Recordset::rowsRead() const
+{
+    return d->lazy ? d->lazy->rowsRead() : d->count();
 }
 
 bool Recordset::isUpdatable() const

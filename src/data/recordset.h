@@ -10,8 +10,11 @@
 #include <memory>
 #include <optional>
 
-// A client-side static cursor: the rows of a query, fetched once, in order, and held in
-// memory, with the moves, finds, bookmarks and edits the forms rely on. A record set over
+// A client-side static cursor: the rows of a query, in order, held in memory, with the
+// moves, finds, bookmarks and edits the forms rely on. An ordered select over one table with
+// a key reads only the keys when it opens and each row's fields when the row is first
+// visited (see LazyRows, which also says what another connection's changes do); any other
+// select is read whole. A record set over
 // one table that has a key writes its changes back to that table by key, with bound
 // parameters. A move off an edited row writes it first; a write that fails leaves the edit
 // pending and throws the ProviderError.
@@ -77,6 +80,9 @@ public:
     void setValue(int field, const QVariant &value);
     // Any row's value without moving to it (a pending edit shows on its row).
     QVariant valueAt(int row, int field) const;
+    // The first row whose field shows `text` (a Null shows as empty), or -1. Rows not read
+    // yet are looked up in the catalogue rather than read one page after another.
+    int firstRowShowing(int field, const QString &text, Qt::CaseSensitivity cs) const;
 
     void addNew();
     void update();
@@ -89,6 +95,8 @@ public:
 
     // Bytes held for the rows' values, for the benchmarks.
     qint64 bytesHeld() const;
+    // Rows whose fields are in memory: all of them unless the record set reads lazily.
+    int rowsRead() const;
 
     bool isUpdatable() const;
     QString baseTable() const;

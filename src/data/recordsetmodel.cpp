@@ -1,6 +1,7 @@
 #include "data/recordsetmodel.h"
 
 #include "data/datacontrol.h"
+#include "data/providererror.h"
 #include "data/recordset.h"
 
 RecordsetModel::RecordsetModel(DataControl *control, QObject *parent)
@@ -81,7 +82,12 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
         return {};
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_recordset)
         return {};
-    const QVariant value = m_recordset->valueAt(index.row(), index.column());
+    QVariant value;
+    try {
+        value = m_recordset->valueAt(index.row(), index.column());
+    } catch (const ProviderError &) {
+        return {}; // a page the catalogue refused to read shows empty; the next visit retries
+    }
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -131,4 +137,27 @@ Qt::ItemFlags RecordsetModel::flags(const QModelIndex &index) const
     if (index.isValid() && m_recordset && m_recordset->isUpdatable())
         flags |= Qt::ItemIsEditable;
     return flags;
+}
+
+QModelIndexList RecordsetModel::match(const QModelIndex &start, int role, const QVariant &value,
+                                      int hits, Qt::MatchFlags flags) const
+{
+    const Qt::MatchFlags how = flags & ~Qt::MatchFlags(Qt::MatchCaseSensitive);
+    const bool textSearch = (how == Qt::MatchExactly || how == Qt::MatchFixedString)
+        && value.typeId() == QMetaType::QString;
+    const bool plain = m_formats.value(start.column(), FieldFormat::Plain) == FieldFormat::Plain;
+    if (!m_recordset || !start.isValid() || start.row() != 0 || hits != 1
+        || (role != Qt::DisplayRole && role != Qt::EditRole) || !textSearch || !plain)
+        return QAbstractTableModel::match(start, role, value, hits, flags);
+    // Exactly is an exact comparison of the shown text, whatever the case flag says.
+    const Qt::CaseSensitivity cs = how == Qt::MatchFixedString && !(flags & Qt::MatchCaseSensitive)
+        ? Qt::CaseInsensitive
+        : Qt::CaseSensitive;
+    int row = -1;
+    try {
+        row = m_recordset->firstRowShowing(start.column(), value.toString(), cs);
+    } catch (const ProviderError &) {
+        return {};
+    }
+    return row < 0 ? QModelIndexList() : QModelIndexList{index(row, start.column())};
 }

@@ -33,6 +33,11 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    // A search for a text from the first row (a combo's findText) asks the record set, which
+    // need not read every row before the one it finds.
+    QModelIndexList match(const QModelIndex &start, int role, const QVariant &value, int hits = 1,
+                          Qt::MatchFlags flags = Qt::MatchFlags(Qt::MatchStartsWith
+                                                                | Qt::MatchWrap)) const override;
 
 Q_SIGNALS:
     // The record set moved: views select this row, mappers show it.

@@ -2,6 +2,8 @@
 
 #include "data/recordsetmodel.h"
 
+#include <QListView>
+
 using namespace Qt::StringLiterals;
 
 DataCombo::DataCombo(QWidget *parent)
@@ -11,6 +13,10 @@ DataCombo::DataCombo(QWidget *parent)
     // the height of the screen (which some styles make of a combo's list).
     setStyleSheet(u"QComboBox { combobox-popup: 0; }"_s);
     setMaxVisibleItems(VisibleRows);
+    // Every entry is one line of text: the list lays out without asking each row its size,
+    // so opening it reads only the rows it shows.
+    if (auto *list = qobject_cast<QListView *>(view()))
+        list->setUniformItemSizes(true);
 }
 
 void DataCombo::setRowSource(RecordsetModel *rows, const QString &listField,
