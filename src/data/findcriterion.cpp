@@ -82,7 +82,6 @@ FindCriterion FindCriterion::parse(const QString &text)
     if (!m.hasMatch() || m.capturedView(3).isEmpty())
         refuse(text);
     FindCriterion criterion;
-    criterion.textOrder = TextCollation::dictionaryCollator();
     criterion.field = m.captured(1);
     const QString op = m.captured(2).toLower();
     if (op == u"<>"_s)
@@ -119,7 +118,7 @@ bool FindCriterion::matches(const QVariant &fieldValue) const
         const QString b = value.toString();
         order = a.compare(b, Qt::CaseInsensitive) == 0
             ? 0
-            : TextCollation::dictionaryCompare(textOrder, a, b);
+            : textOrder.compare(a, b);
     }
     switch (op) {
     case Op::Equal:

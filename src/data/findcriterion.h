@@ -2,7 +2,6 @@
 
 #include "data/textcollation.h"
 
-#include <QCollator>
 #include <QString>
 #include <QVariant>
 
@@ -18,7 +17,7 @@ struct FindCriterion
     // For LIKE: the pattern, read once rather than for every row compared.
     TextCollation::LikePattern likePattern;
     // Texts are equal when the same but for case, and otherwise in the lists' order.
-    QCollator textOrder;
+    TextCollation::DictionaryOrder textOrder;
 
     // Throws ProviderError when the text is not such a criterion.
     static FindCriterion parse(const QString &text);

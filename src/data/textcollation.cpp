@@ -1,11 +1,14 @@
 #include "data/textcollation.h"
 
-#include <QCollator>
+#include <QLocale>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 #include <QVariant>
 
 #include <sqlite3.h>
+#include <unicode/ucol.h>
+
+#include <cstring>
 
 #include <memory>
 
@@ -16,10 +19,11 @@ QStringView utf16(const void *text, int bytes)
     return QStringView(static_cast<const QChar *>(text), bytes / qsizetype(sizeof(QChar)));
 }
 
-int compareInDictionaryOrder(void *collator, int aBytes, const void *a, int bBytes, const void *b)
+// UTF-8, the catalogue's encoding, so that SQLite converts nothing for a comparison.
+int compareInDictionaryOrder(void *order, int aBytes, const void *a, int bBytes, const void *b)
 {
-    return TextCollation::dictionaryCompare(*static_cast<const QCollator *>(collator),
-                                            utf16(a, aBytes), utf16(b, bBytes));
+    return static_cast<const TextCollation::DictionaryOrder *>(order)->compareUtf8(
+        static_cast<const char *>(a), aBytes, static_cast<const char *>(b), bBytes);
 }
 
 int compareIgnoringCase(void *, int aBytes, const void *a, int bBytes, const void *b)
@@ -27,9 +31,35 @@ int compareIgnoringCase(void *, int aBytes, const void *a, int bBytes, const voi
     return utf16(a, aBytes).compare(utf16(b, bBytes), Qt::CaseInsensitive);
 }
 
-void destroyCollator(void *collator)
+void destroyOrder(void *order)
 {
-    delete static_cast<QCollator *>(collator);
+    delete static_cast<TextCollation::DictionaryOrder *>(order);
+}
+
+int byteOrder(const char *a, int aBytes, const char *b, int bBytes)
+{
+    const int order = std::memcmp(a, b, size_t(std::min(aBytes, bBytes)));
+    return order != 0 ? order : aBytes - bBytes;
+}
+
+// SQLite's NOCASE: A-Z folded, every other byte as it is.
+int nocaseOrder(const char *a, int aBytes, const char *b, int bBytes)
+{
+    const int order = sqlite3_strnicmp(a, b, std::min(aBytes, bBytes));
+    return order != 0 ? order : aBytes - bBytes;
+}
+
+UCollator *collatorOf(const QLocale &locale)
+{
+    if (locale.language() == QLocale::C)
+        return nullptr;
+    UErrorCode status = U_ZERO_ERROR;
+    UCollator *collator = ucol_open(locale.name().toLatin1().constData(), &status);
+    if (U_FAILURE(status)) {
+        ucol_close(collator);
+        return nullptr;
+    }
+    return collator;
 }
 
 QStringView textOf(sqlite3_value *value)
@@ -87,13 +117,11 @@ bool registerOn(const QSqlDatabase &database)
     sqlite3 *handle = handleOf(database);
     if (!handle)
         return false;
-    constexpr int encoding = SQLITE_UTF16_ALIGNED;
-    auto collator = std::make_unique<QCollator>(dictionaryCollator());
-    // SQLite destroys the collator itself when registering fails too.
-    if (sqlite3_create_collation_v2(handle, orderName, encoding, collator.release(),
-                                    compareInDictionaryOrder, destroyCollator)
+    // SQLite destroys the order itself when registering fails too.
+    if (sqlite3_create_collation_v2(handle, orderName, SQLITE_UTF8, new DictionaryOrder,
+                                    compareInDictionaryOrder, destroyOrder)
             != SQLITE_OK
-        || sqlite3_create_collation_v2(handle, foldedName, encoding, nullptr,
+        || sqlite3_create_collation_v2(handle, foldedName, SQLITE_UTF16_ALIGNED, nullptr,
                                        compareIgnoringCase, nullptr)
             != SQLITE_OK)
         return false;
@@ -106,23 +134,36 @@ bool registerOn(const QSqlDatabase &database)
             == SQLITE_OK;
 }
 
-QCollator dictionaryCollator()
+DictionaryOrder::DictionaryOrder()
+    : m_collator(collatorOf(QLocale()), ucol_close)
 {
-    const QLocale locale;
-    QCollator collator{locale};
-    // The C locale names no language: its order is the characters', with case ignored as
-    // SQLite's NOCASE ignores it.
-    collator.setCaseSensitivity(locale.language() == QLocale::C ? Qt::CaseInsensitive
-                                                                 : Qt::CaseSensitive);
-    collator.setNumericMode(false);
-    collator.setIgnorePunctuation(false);
-    return collator;
 }
 
-int dictionaryCompare(const QCollator &collator, QStringView a, QStringView b)
+int DictionaryOrder::compare(QStringView a, QStringView b) const
 {
-    const int order = collator.compare(a, b);
-    return order != 0 ? order : a.compare(b);
+    if (!m_collator) {
+        const QByteArray aUtf8 = a.toUtf8();
+        const QByteArray bUtf8 = b.toUtf8();
+        return compareUtf8(aUtf8.constData(), int(aUtf8.size()), bUtf8.constData(),
+                           int(bUtf8.size()));
+    }
+    const UCollationResult order =
+        ucol_strcoll(m_collator.get(), reinterpret_cast<const UChar *>(a.utf16()),
+                     int32_t(a.size()), reinterpret_cast<const UChar *>(b.utf16()),
+                     int32_t(b.size()));
+    return order != UCOL_EQUAL ? int(order) : a.compare(b);
+}
+
+int DictionaryOrder::compareUtf8(const char *a, int aBytes, const char *b, int bBytes) const
+{
+    int order = 0;
+    if (m_collator) {
+        UErrorCode status = U_ZERO_ERROR;
+        order = ucol_strcollUTF8(m_collator.get(), a, aBytes, b, bBytes, &status);
+    } else {
+        order = nocaseOrder(a, aBytes, b, bBytes);
+    }
+    return order != 0 ? order : byteOrder(a, aBytes, b, bBytes);
 }
 
 LikePattern::LikePattern(QStringView pattern, QChar escape)
@@ -152,24 +193,37 @@ bool LikePattern::matches(QStringView text) const
 {
     if (!m_valid)
         return false;
-    const QList<uint> folded = text.toString().toCaseFolded().toUcs4();
+    // The text is read in place, one folded character at a time, as there are many texts.
+    qsizetype length = 1;
+    auto foldedAt = [&](qsizetype i) -> char32_t {
+        const QChar c = text[i];
+        length = 1;
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            length = 2;
+            return QChar::toCaseFolded(QChar::surrogateToUcs4(c, text[i + 1]));
+        }
+        return QChar::toCaseFolded(c.unicode());
+    };
     // Greedy, going back to just after the last % when the rest fails to match.
     const qsizetype n = m_elements.size();
     qsizetype p = 0;
     qsizetype t = 0;
     qsizetype lastAny = -1;
     qsizetype resumeAt = 0;
-    while (t < folded.size()) {
+    while (t < text.size()) {
+        const char32_t c = foldedAt(t);
         if (p < n && (m_elements[p].kind == Kind::One
-                      || (m_elements[p].kind == Kind::Literal && m_elements[p].folded == folded[t]))) {
+                      || (m_elements[p].kind == Kind::Literal && m_elements[p].folded == c))) {
             ++p;
-            ++t;
+            t += length;
         } else if (p < n && m_elements[p].kind == Kind::Any) {
             lastAny = p++;
             resumeAt = t;
         } else if (lastAny >= 0) {
             p = lastAny + 1;
-            t = ++resumeAt;
+            foldedAt(resumeAt);
+            resumeAt += length;
+            t = resumeAt;
         } else {
             return false;
         }

@@ -4,8 +4,10 @@
 #include <QString>
 #include <QStringView>
 
-class QCollator;
+#include <memory>
+
 class QSqlDatabase;
+struct UCollator;
 
 // How the program orders and matches text: a dictionary's order in the current locale (case
 // and accents count only between names that are otherwise the same) and equality and LIKE
@@ -20,17 +22,26 @@ inline constexpr auto orderName = "LOCALE";
 inline constexpr auto foldedName = "UNICODE_NOCASE";
 
 // Registers both collations and a case-folding like() on the database's SQLite handle, the
-// dictionary order taking the default locale of the moment. False when the handle is not
-// SQLite's.
+// dictionary order taking the default locale of the moment (see DictionaryOrder). False when
+// the handle is not SQLite's.
 bool registerOn(const QSqlDatabase &database);
 
-// A collator for the default locale, the one the registered order uses. Under the C locale
-// the order is SQLite's NOCASE one.
-QCollator dictionaryCollator();
-// Negative, zero or positive as a sorts before, with or after b: the collator's order, and
-// for texts it holds the same the order of their code units, so that no two differing texts
-// tie and every sort is stable.
-int dictionaryCompare(const QCollator &collator, QStringView a, QStringView b);
+// The order of the default locale of the moment, as a dictionary of it orders words: ICU's
+// collation, and for texts it holds the same the order of their characters, so that no two
+// differing texts tie and every sort is stable. Under the C locale, which names no language,
+// it is SQLite's NOCASE order (A-Z folded, then the characters' order). Copies share one
+// collator, which is safe to use from several threads at once.
+class DictionaryOrder
+{
+public:
+    DictionaryOrder();
+    // Negative, zero or positive as a sorts before, with or after b.
+    int compare(QStringView a, QStringView b) const;
+    int compareUtf8(const char *a, int aBytes, const char *b, int bBytes) const;
+
+private:
+    std::shared_ptr<UCollator> m_collator; // none under the C locale
+};
 
 // SQL's LIKE pattern (% any run, _ any one character, an optional escape character before
 // either to mean itself), read once and matched against many texts, case ignored for every
