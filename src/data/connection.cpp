@@ -103,6 +103,8 @@ void Connection::open(const QString &connectionString, const QString &user,
         }
         QSqlQuery pragma(db);
         pragma.exec(u"PRAGMA foreign_keys = ON"_s);
+        // Cannot fail with the SQLite driver; were it to, the statements that ask for the
+        // collations would fail with SQLite's own message.
         TextCollation::registerOn(db);
         QSqlQuery probe(db);
         const bool read =

@@ -8,8 +8,8 @@
 #include <sqlite3.h>
 #include <unicode/ucol.h>
 
+#include <algorithm>
 #include <cstring>
-
 #include <memory>
 
 namespace {
@@ -117,13 +117,15 @@ bool registerOn(const QSqlDatabase &database)
     sqlite3 *handle = handleOf(database);
     if (!handle)
         return false;
-    // SQLite destroys the order itself when registering fails too.
-    if (sqlite3_create_collation_v2(handle, orderName, SQLITE_UTF8, new DictionaryOrder,
+    auto order = std::make_unique<DictionaryOrder>();
+    if (sqlite3_create_collation_v2(handle, orderName, SQLITE_UTF8, order.get(),
                                     compareInDictionaryOrder, destroyOrder)
-            != SQLITE_OK
-        || sqlite3_create_collation_v2(handle, foldedName, SQLITE_UTF16_ALIGNED, nullptr,
-                                       compareIgnoringCase, nullptr)
-            != SQLITE_OK)
+        != SQLITE_OK)
+        return false; // SQLite destroys the order only once it has taken it
+    order.release();
+    if (sqlite3_create_collation_v2(handle, foldedName, SQLITE_UTF16_ALIGNED, nullptr,
+                                    compareIgnoringCase, nullptr)
+        != SQLITE_OK)
         return false;
     constexpr int flags = SQLITE_UTF16 | SQLITE_DETERMINISTIC;
     return sqlite3_create_function_v2(handle, "like", 2, flags, nullptr, like, nullptr, nullptr,
