@@ -49,6 +49,27 @@ int nocaseOrder(const char *a, int aBytes, const char *b, int bBytes)
     return order != 0 ? order : aBytes - bBytes;
 }
 
+// The character a UTF-8 sequence starting at i stands for, and its length; a broken
+// sequence reads as U+FFFD, one byte long.
+char32_t utf8CharacterAt(const uchar *text, qsizetype bytes, qsizetype i, qsizetype &length)
+{
+    const uchar lead = text[i];
+    length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
+    if (length == 0 || i + length > bytes) {
+        length = 1;
+        return U'\uFFFD';
+    }
+    char32_t c = length == 1 ? lead : lead & (0x7F >> length);
+    for (qsizetype k = 1; k < length; ++k) {
+        if ((text[i + k] & 0xC0) != 0x80) {
+            length = 1;
+            return U'\uFFFD';
+        }
+        c = (c << 6) | (text[i + k] & 0x3F);
+    }
+    return c;
+}
+
 UCollator *collatorOf(const QLocale &locale)
 {
     if (locale.language() == QLocale::C)
@@ -62,10 +83,10 @@ UCollator *collatorOf(const QLocale &locale)
     return collator;
 }
 
-QStringView textOf(sqlite3_value *value)
+QString textOf(sqlite3_value *value)
 {
-    const void *text = sqlite3_value_text16(value); // converts first, so the size is the UTF-16 one
-    return utf16(text, sqlite3_value_bytes16(value));
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    return QString::fromUtf8(text, sqlite3_value_bytes(value));
 }
 
 void destroyPattern(void *pattern)
@@ -74,7 +95,8 @@ void destroyPattern(void *pattern)
 }
 
 // like(pattern, text[, escape]), as SQLite calls it for "text LIKE pattern [ESCAPE e]". The
-// read pattern is kept with the statement while the pattern is a constant.
+// read pattern is kept with the statement while the pattern is a constant; the text is read
+// as stored, in UTF-8.
 void like(sqlite3_context *context, int argc, sqlite3_value **argv)
 {
     for (int i = 0; i < argc; ++i)
@@ -82,20 +104,22 @@ void like(sqlite3_context *context, int argc, sqlite3_value **argv)
             return; // a null result, as SQLite's own LIKE gives
     QChar escape;
     if (argc == 3) {
-        const QStringView written = textOf(argv[2]);
+        const QString written = textOf(argv[2]);
         if (written.size() != 1) {
             sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
             return;
         }
         escape = written.front();
     }
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(argv[1]));
+    const qsizetype bytes = sqlite3_value_bytes(argv[1]);
     const auto *kept = static_cast<const TextCollation::LikePattern *>(sqlite3_get_auxdata(context, 0));
     if (kept && kept->escape() == escape) {
-        sqlite3_result_int(context, kept->matches(textOf(argv[1])));
+        sqlite3_result_int(context, kept->matchesUtf8(text, bytes));
         return;
     }
     auto pattern = std::make_unique<TextCollation::LikePattern>(textOf(argv[0]), escape);
-    sqlite3_result_int(context, pattern->matches(textOf(argv[1])));
+    sqlite3_result_int(context, pattern->matchesUtf8(text, bytes));
     // Last, as SQLite may destroy it at once.
     sqlite3_set_auxdata(context, 0, pattern.release(), destroyPattern);
 }
@@ -127,7 +151,7 @@ bool registerOn(const QSqlDatabase &database)
                                     compareIgnoringCase, nullptr)
         != SQLITE_OK)
         return false;
-    constexpr int flags = SQLITE_UTF16 | SQLITE_DETERMINISTIC;
+    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     return sqlite3_create_function_v2(handle, "like", 2, flags, nullptr, like, nullptr, nullptr,
                                       nullptr)
             == SQLITE_OK
@@ -191,29 +215,20 @@ LikePattern::LikePattern(QStringView pattern, QChar escape)
     }
 }
 
-bool LikePattern::matches(QStringView text) const
+template<typename FoldedAt>
+bool LikePattern::matchesText(qsizetype size, FoldedAt foldedAt) const
 {
     if (!m_valid)
         return false;
-    // The text is read in place, one folded character at a time, as there are many texts.
-    qsizetype length = 1;
-    auto foldedAt = [&](qsizetype i) -> char32_t {
-        const QChar c = text[i];
-        length = 1;
-        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            length = 2;
-            return QChar::toCaseFolded(QChar::surrogateToUcs4(c, text[i + 1]));
-        }
-        return QChar::toCaseFolded(c.unicode());
-    };
     // Greedy, going back to just after the last % when the rest fails to match.
     const qsizetype n = m_elements.size();
     qsizetype p = 0;
     qsizetype t = 0;
     qsizetype lastAny = -1;
     qsizetype resumeAt = 0;
-    while (t < text.size()) {
-        const char32_t c = foldedAt(t);
+    qsizetype length = 0;
+    while (t < size) {
+        const char32_t c = foldedAt(t, length);
         if (p < n && (m_elements[p].kind == Kind::One
                       || (m_elements[p].kind == Kind::Literal && m_elements[p].folded == c))) {
             ++p;
@@ -223,7 +238,7 @@ bool LikePattern::matches(QStringView text) const
             resumeAt = t;
         } else if (lastAny >= 0) {
             p = lastAny + 1;
-            foldedAt(resumeAt);
+            foldedAt(resumeAt, length);
             resumeAt += length;
             t = resumeAt;
         } else {
@@ -233,6 +248,28 @@ bool LikePattern::matches(QStringView text) const
     while (p < n && m_elements[p].kind == Kind::Any)
         ++p;
     return p == n;
+}
+
+// The texts are read in place, one folded character at a time, as there are many of them.
+bool LikePattern::matches(QStringView text) const
+{
+    return matchesText(text.size(), [text](qsizetype i, qsizetype &length) {
+        const QChar c = text[i];
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            length = 2;
+            return char32_t(QChar::toCaseFolded(QChar::surrogateToUcs4(c, text[i + 1])));
+        }
+        length = 1;
+        return char32_t(QChar::toCaseFolded(c.unicode()));
+    });
+}
+
+bool LikePattern::matchesUtf8(const char *text, qsizetype bytes) const
+{
+    const auto *units = reinterpret_cast<const uchar *>(text);
+    return matchesText(bytes, [units, bytes](qsizetype i, qsizetype &length) {
+        return char32_t(QChar::toCaseFolded(utf8CharacterAt(units, bytes, i, length)));
+    });
 }
 
 } // namespace TextCollation

@@ -52,6 +52,7 @@ public:
     LikePattern() = default; // matches only an empty text
     explicit LikePattern(QStringView pattern, QChar escape = QChar());
     bool matches(QStringView text) const;
+    bool matchesUtf8(const char *text, qsizetype bytes) const;
     QChar escape() const { return m_escape; }
 
 private:
@@ -61,6 +62,10 @@ private:
         Kind kind;
         char32_t folded;
     };
+    // Reads the folded character at a place of the text and the units it takes.
+    template<typename FoldedAt>
+    bool matchesText(qsizetype size, FoldedAt foldedAt) const;
+
     QList<Element> m_elements;
     QChar m_escape;
     bool m_valid = true; // an escape at the very end matches nothing

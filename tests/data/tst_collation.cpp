@@ -200,15 +200,17 @@ private Q_SLOTS:
                               << QStringList{u"Idée fixe"_s};
         QTest::newRow("one letter") << u"tblBook.BookDescription  like '_mma'"_s
                                     << QStringList{u"Emma"_s};
+        QTest::newRow("one character of three bytes") << u"tblBook.BookDescription  like '_100'"_s
+                                                      << QStringList{u"€100"_s};
         QTest::newRow("escaped") << u"tblBook.BookDescription  like '100!%%' escape '!'"_s
                                  << QStringList{u"100% Wool"_s};
         QTest::newRow("equality") << u"tblBook.BookDescription = 'IDÉE FIXE'"_s
                                   << QStringList{u"Idée fixe"_s};
         QTest::newRow("before, in the lists' order") << u"tblBook.BookDescription < 'F'"_s
-                                 << QStringList{u"100% Wool"_s, u"eagle"_s, u"école des femmes"_s,
+                                 << QStringList{u"€100"_s, u"100% Wool"_s, u"eagle"_s, u"école des femmes"_s,
                                                 u"Éloge de l'ombre"_s, u"Emma"_s};
         QTest::newRow("inequality") << u"tblBook.BookDescription <> 'idée fixe'"_s
-                                    << QStringList{u"100% Wool"_s, u"eagle"_s, u"école des femmes"_s,
+                                    << QStringList{u"€100"_s, u"100% Wool"_s, u"eagle"_s, u"école des femmes"_s,
                                                    u"Éloge de l'ombre"_s, u"Emma"_s, u"Zola"_s};
     }
     void searchPatternsIgnoreCaseOfEveryLetter()
@@ -217,7 +219,7 @@ private Q_SLOTS:
         QFETCH(QStringList, expected);
         Connection &connection = openIn(u"en_GB"_s);
         addBooks(connection, {u"Emma"_s, u"école des femmes"_s, u"Zola"_s, u"Éloge de l'ombre"_s,
-                              u"eagle"_s, u"Idée fixe"_s, u"100% Wool"_s});
+                              u"eagle"_s, u"Idée fixe"_s, u"100% Wool"_s, u"€100"_s});
         QCOMPARE(columnOf(connection,
                           u"select BookDescription from tblBook where "_s + condition
                               + u" order by BookDescription"_s,
