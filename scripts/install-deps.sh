@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite
   qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools libqt6help6
   libgl-dev libxkbcommon-dev
-  sqlite3
+  sqlite3 libsqlite3-dev libicu-dev
   mdbtools-dev
   fonts-liberation
   poppler-utils

@@ -4,8 +4,10 @@
 #include "data/connectionstring.h"
 #include "data/jetsql.h"
 #include "data/recordset.h"
+#include "data/textcollation.h"
 
 #include <QAtomicInteger>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -26,6 +28,27 @@ bool yieldsRows(const QString &statement)
     while (i < statement.size() && (statement.at(i).isSpace() || statement.at(i) == u'('))
         ++i;
     return statement.mid(i, 6).compare(u"select"_s, Qt::CaseInsensitive) == 0;
+}
+
+// The catalogue's stored queries order their rows too. Each one that does is shadowed, for
+// this connection only, by a temporary view of the same name ordered by the program's
+// collation, so the file itself never depends on it.
+void shadowStoredQueries(const QSqlDatabase &db)
+{
+    static const QRegularExpression createView(uR"(^\s*CREATE\s+VIEW\s)"_s,
+                                               QRegularExpression::CaseInsensitiveOption);
+    QSqlQuery views(db);
+    views.exec(u"SELECT sql FROM main.sqlite_master WHERE type = 'view'"_s);
+    QStringList shadows;
+    while (views.next()) {
+        const QString definition = views.value(0).toString();
+        const QString collated = JetSql::withOrderCollation(definition);
+        if (collated != definition && createView.match(collated).hasMatch())
+            shadows.append(QString(collated).replace(createView, u"CREATE TEMP VIEW "_s));
+    }
+    QSqlQuery create(db);
+    for (const QString &shadow : std::as_const(shadows))
+        create.exec(shadow); // should one fail, the file's own view still answers
 }
 
 } // namespace
@@ -80,6 +103,9 @@ void Connection::open(const QString &connectionString, const QString &user,
         }
         QSqlQuery pragma(db);
         pragma.exec(u"PRAGMA foreign_keys = ON"_s);
+        // Cannot fail with the SQLite driver; were it to, the statements that ask for the
+        // collations would fail with SQLite's own message.
+        TextCollation::registerOn(db);
         QSqlQuery probe(db);
         const bool read =
             probe.exec(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'tblBook'"_s);
@@ -96,6 +122,7 @@ void Connection::open(const QString &connectionString, const QString &user,
             QSqlDatabase::removeDatabase(name);
             fail(error);
         }
+        shadowStoredQueries(db);
     }
     m_name = name;
     m_connectionString = connectionString;
@@ -144,7 +171,7 @@ std::unique_ptr<Recordset> Connection::execute(const QString &commandText, Comma
         return Recordset::open(*this, commandText, type);
 
     QSqlQuery query(database());
-    if (!query.exec(JetSql::toSqlite(commandText)))
+    if (!query.exec(JetSql::toCollatedSqlite(commandText)))
         fail(ProviderError::fromSqlError(query.lastError()));
     if (recordsAffected)
         *recordsAffected = query.numRowsAffected();

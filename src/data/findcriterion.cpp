@@ -1,6 +1,7 @@
 #include "data/findcriterion.h"
 
 #include "data/providererror.h"
+#include "data/textcollation.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -50,21 +51,24 @@ bool isNumber(const QVariant &v)
     }
 }
 
-// Jet's LIKE: * any run, ? any one character, case ignored.
-QRegularExpression likeExpression(const QString &pattern)
+// Jet's LIKE: * any run, ? any one character, case ignored. Written as SQL's pattern, in
+// which Jet's own % and _ mean themselves.
+TextCollation::LikePattern jetLikePattern(const QString &jetPattern)
 {
-    QString expression;
-    for (const QChar c : pattern) {
-        if (c == u'*')
-            expression += u".*"_s;
-        else if (c == u'?')
-            expression += u'.';
-        else
-            expression += QRegularExpression::escape(QString(c));
+    constexpr QChar escape = u'\\';
+    QString pattern;
+    for (const QChar c : jetPattern) {
+        if (c == u'*') {
+            pattern += u'%';
+        } else if (c == u'?') {
+            pattern += u'_';
+        } else {
+            if (c == u'%' || c == u'_' || c == escape)
+                pattern += escape;
+            pattern += c;
+        }
     }
-    return QRegularExpression(QRegularExpression::anchoredPattern(expression),
-                              QRegularExpression::CaseInsensitiveOption
-                                  | QRegularExpression::DotMatchesEverythingOption);
+    return TextCollation::LikePattern(pattern, escape);
 }
 
 } // namespace
@@ -94,7 +98,7 @@ FindCriterion FindCriterion::parse(const QString &text)
         criterion.op = Op::Like;
     criterion.value = literal(m.captured(3), text);
     if (criterion.op == Op::Like)
-        criterion.likePattern = likeExpression(criterion.value.toString());
+        criterion.likePattern = jetLikePattern(criterion.value.toString());
     return criterion;
 }
 
@@ -103,14 +107,18 @@ bool FindCriterion::matches(const QVariant &fieldValue) const
     if (fieldValue.isNull())
         return false;
     if (op == Op::Like)
-        return likePattern.match(fieldValue.toString()).hasMatch();
+        return likePattern.matches(fieldValue.toString());
     int order = 0;
     if (isNumber(value) && isNumber(fieldValue)) {
         const double a = fieldValue.toDouble();
         const double b = value.toDouble();
         order = a < b ? -1 : (a > b ? 1 : 0);
     } else {
-        order = fieldValue.toString().compare(value.toString(), Qt::CaseInsensitive);
+        const QString a = fieldValue.toString();
+        const QString b = value.toString();
+        order = a.compare(b, Qt::CaseInsensitive) == 0
+            ? 0
+            : textOrder.compare(a, b);
     }
     switch (op) {
     case Op::Equal:

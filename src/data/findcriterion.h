@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QRegularExpression>
+#include "data/textcollation.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -13,8 +14,10 @@ struct FindCriterion
     QString field;
     Op op = Op::Equal;
     QVariant value;
-    // For LIKE: the pattern, compiled once rather than for every row compared.
-    QRegularExpression likePattern;
+    // For LIKE: the pattern, read once rather than for every row compared.
+    TextCollation::LikePattern likePattern;
+    // Texts are equal when the same but for case, and otherwise in the lists' order.
+    TextCollation::DictionaryOrder textOrder;
 
     // Throws ProviderError when the text is not such a criterion.
     static FindCriterion parse(const QString &text);

@@ -1,9 +1,12 @@
 #include "data/jetsql.h"
 
+#include "data/textcollation.h"
+
 #include <QList>
 #include <QStringView>
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -193,6 +196,18 @@ public:
         return t.kind == Kind::Word && !isKeyword(m_text.mid(t.begin, t.end - t.begin));
     }
     bool isName(qsizetype p) const { return isWord(p) || token(p).kind == Kind::QuotedName; }
+    // An unquoted word spelt as given, case ignored; keywords included.
+    bool isWordSpelt(qsizetype p, QLatin1StringView word) const
+    {
+        const Token &t = token(p);
+        return t.kind == Kind::Word
+            && m_text.mid(t.begin, t.end - t.begin).compare(word, Qt::CaseInsensitive) == 0;
+    }
+    bool isText(qsizetype p) const
+    {
+        const Kind kind = token(p).kind;
+        return kind == Kind::String || kind == Kind::DqString;
+    }
     // A name, a literal or a number: something that is an operand on its own.
     bool isAtom(qsizetype p) const
     {
@@ -346,6 +361,111 @@ void rewriteConcatenation(const Significant &s, Edits &edits)
     }
 }
 
+QString collateClause(const char *collation)
+{
+    return u" COLLATE "_s + QLatin1StringView(collation);
+}
+
+// What ends the terms of an ORDER BY: the end of the group it is in, of the statement, or a
+// clause SQLite allows after it.
+bool endsOrderTerms(const Significant &s, qsizetype p)
+{
+    return s.isChar(p, u')') || s.isChar(p, u';') || s.isWordSpelt(p, "limit"_L1)
+        || s.isWordSpelt(p, "offset"_L1) || s.isWordSpelt(p, "union"_L1)
+        || s.isWordSpelt(p, "except"_L1) || s.isWordSpelt(p, "intersect"_L1);
+}
+
+// A plain column name, qualified or not, needs no parentheses before a COLLATE.
+bool isColumnName(const Significant &s, qsizetype first, qsizetype last)
+{
+    for (qsizetype p = first; p <= last; ++p)
+        if (!(s.isName(p) || s.isChar(p, u'.')))
+            return false;
+    return true;
+}
+
+// One ORDER BY term from `first`: gives it the locale's collation unless it names one, and
+// answers the position after it.
+qsizetype collateOrderTerm(const Significant &s, qsizetype first, Edits &edits)
+{
+    qsizetype p = first;
+    qsizetype last = -1;
+    bool named = false;
+    while (p < s.size() && !endsOrderTerms(s, p) && !s.isChar(p, u',')) {
+        named = named || s.isWordSpelt(p, "collate"_L1);
+        if (s.isOpen(p))
+            p = s.match(p);
+        last = p++;
+    }
+    if (last >= first && (s.isWordSpelt(last, "asc"_L1) || s.isWordSpelt(last, "desc"_L1)))
+        --last;
+    if (last < first || named)
+        return p;
+    QString &after = edits.after[s.tokenIndex(last)];
+    if (isColumnName(s, first, last)) {
+        after += collateClause(TextCollation::orderName);
+    } else {
+        QString &before = edits.before[s.tokenIndex(first)];
+        before.prepend(u'(');
+        after += u')' + collateClause(TextCollation::orderName);
+    }
+    return p;
+}
+
+// Every list is ordered as a dictionary of the locale orders it. Numbers ignore a collation,
+// so every term gets one.
+void collateOrdering(const Significant &s, Edits &edits)
+{
+    for (qsizetype p = 0; p + 1 < s.size(); ++p) {
+        if (!s.isWordSpelt(p, "order"_L1) || !s.isWordSpelt(p + 1, "by"_L1))
+            continue;
+        qsizetype next = collateOrderTerm(s, p + 2, edits);
+        while (s.isChar(next, u','))
+            next = collateOrderTerm(s, next + 1, edits);
+    }
+}
+
+// A literal that is the whole of one side of a comparison, not part of a longer expression.
+// One beside a name or another literal is a text an apostrophe broke: left as written, so
+// that SQLite names the same place in its message.
+bool isWholeOperand(const Significant &s, qsizetype p)
+{
+    auto joins = [&](qsizetype q) {
+        return s.isArithmetic(q) || s.isChar(q, u'&') || s.isChar(q, u'|') || s.isAtom(q)
+            || s.isWordSpelt(q, "collate"_L1);
+    };
+    return s.isText(p) && !joins(p - 1) && !joins(p + 1);
+}
+
+// The comparison operator starting at p: its last position and the collation a text it is
+// given takes, or -1 when there is none. "=" and "<>" ignore the case of every letter, as
+// NOCASE does for A-Z only; the others follow the lists' order.
+std::pair<qsizetype, const char *> comparisonAt(const Significant &s, qsizetype p)
+{
+    if (s.isChar(p, u'='))
+        return {p, TextCollation::foldedName};
+    if (s.isChar(p, u'<') && s.isChar(p + 1, u'>'))
+        return {p + 1, TextCollation::foldedName};
+    if (s.isChar(p, u'<') || s.isChar(p, u'>'))
+        return {s.isChar(p + 1, u'=') ? p + 1 : p, TextCollation::orderName};
+    return {-1, nullptr};
+}
+
+void collateTextComparisons(const Significant &s, Edits &edits)
+{
+    for (qsizetype p = 0; p < s.size(); ++p) {
+        const auto [last, collation] = comparisonAt(s, p);
+        if (last < 0)
+            continue;
+        const qsizetype literal = isWholeOperand(s, last + 1) ? last + 1
+            : isWholeOperand(s, p - 1)                        ? p - 1
+                                                              : -1;
+        if (literal >= 0)
+            edits.after[s.tokenIndex(literal)] += collateClause(collation);
+        p = last;
+    }
+}
+
 QString quotedName(QStringView name)
 {
     return u'"' + name.toString().replace(u'"', u"\"\""_s) + u'"';
@@ -372,26 +492,62 @@ QString translated(QStringView text, const Token &token)
     }
 }
 
+// The statement with the edits made; tokens are translated to SQLite's spelling or kept.
+QString applied(QStringView text, const QList<Token> &tokens, const Edits &edits, bool translate)
+{
+    QString sqlite;
+    sqlite.reserve(text.size() + 32);
+    for (qsizetype i = 0; i < tokens.size(); ++i) {
+        sqlite += edits.before[i];
+        if (!edits.dropped[i]) {
+            if (!edits.replaced[i].isEmpty())
+                sqlite += edits.replaced[i];
+            else if (translate)
+                sqlite += translated(text, tokens[i]);
+            else
+                sqlite += text.mid(tokens[i].begin, tokens[i].end - tokens[i].begin);
+        }
+        sqlite += edits.after[i];
+    }
+    return sqlite;
+}
+
+enum class Collations { Kept, Program };
+
+QString translatedStatement(const QString &jetStatement, Collations collations)
+{
+    const QList<Token> tokens = tokenise(jetStatement);
+    const Significant significant(jetStatement, tokens);
+    Edits edits(tokens.size());
+    rewriteConcatenation(significant, edits);
+    if (collations == Collations::Program) {
+        collateOrdering(significant, edits);
+        collateTextComparisons(significant, edits);
+    }
+    return applied(jetStatement, tokens, edits, true);
+}
+
 } // namespace
 
 namespace JetSql {
 
 QString toSqlite(const QString &jetStatement)
 {
-    const QList<Token> tokens = tokenise(jetStatement);
-    const Significant significant(jetStatement, tokens);
-    Edits edits(tokens.size());
-    rewriteConcatenation(significant, edits);
+    return translatedStatement(jetStatement, Collations::Kept);
+}
 
-    QString sqlite;
-    sqlite.reserve(jetStatement.size() + 16);
-    for (qsizetype i = 0; i < tokens.size(); ++i) {
-        sqlite += edits.before[i];
-        if (!edits.dropped[i])
-            sqlite += edits.replaced[i].isEmpty() ? translated(jetStatement, tokens[i]) : edits.replaced[i];
-        sqlite += edits.after[i];
-    }
-    return sqlite;
+QString toCollatedSqlite(const QString &jetStatement)
+{
+    return translatedStatement(jetStatement, Collations::Program);
+}
+
+QString withOrderCollation(const QString &sqliteStatement)
+{
+    const QList<Token> tokens = tokenise(sqliteStatement);
+    const Significant significant(sqliteStatement, tokens);
+    Edits edits(tokens.size());
+    collateOrdering(significant, edits);
+    return applied(sqliteStatement, tokens, edits, false);
 }
 
 } // namespace JetSql

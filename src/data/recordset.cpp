@@ -185,7 +185,7 @@ std::unique_ptr<Recordset> Recordset::open(Connection &connection, const QString
 {
     std::unique_ptr<Recordset> rs(new Recordset);
     rs->d->connection = &connection;
-    rs->d->sql = type == CommandType::Text ? JetSql::toSqlite(commandText)
+    rs->d->sql = type == CommandType::Text ? JetSql::toCollatedSqlite(commandText)
                                            : u"SELECT * FROM "_s + commandText;
     rs->d->fetch();
     rs->d->open = true;

@@ -235,7 +235,7 @@ void TestReferenceAdd::confirmAddShowsTheNewRecord()
     QCOMPARE(FindControl<QComboBox>(form, c.lookupCombo)->count(), before + 1);
     // Its place in list order, as the status bar tells it.
     const int position = m_opener->catalogue()
-                             .scalar(u"select count(*) from "_s + c.table + u" where "_s
+                             .programScalar(u"select count(*) from "_s + c.table + u" where "_s
                                      + c.listColumn + u" < '"_s + name + u"'"_s)
                              .toInt()
         + 1;

@@ -30,7 +30,7 @@ class TestReferenceBrowse : public QObject
     QString firstInOrder(const FormCase &c, const QString &column) const
     {
         return m_opener->catalogue()
-            .scalar(u"select "_s + column + u" from "_s + c.table + u" order by "_s
+            .programScalar(u"select "_s + column + u" from "_s + c.table + u" order by "_s
                     + c.listColumn + u" limit 1"_s)
             .toString();
     }
@@ -219,7 +219,7 @@ void TestReferenceBrowse::lastRecordDisablesNextAndLast()
     QCOMPARE(navigationState(form), u"1100"_s);
     QCOMPARE(statusText(form), c.entity + u' ' + count + u" of "_s + count);
     const QString last = m_opener->catalogue()
-                             .scalar(u"select "_s + c.listColumn + u" from "_s + c.table
+                             .programScalar(u"select "_s + c.listColumn + u" from "_s + c.table
                                      + u" order by "_s + c.listColumn + u" desc limit 1"_s)
                              .toString();
     QCOMPARE(fieldText(form, c.mandatory.first()), last);
@@ -250,12 +250,10 @@ void TestReferenceBrowse::pickingFromTheLookupShowsThatRecord()
     QWidget *form = openForm(c);
     QVERIFY(form);
     // The fourth record in list order, found again by its key.
-    const QString sql = u"select %1, %2 from %3 order by %2 limit 1 offset 3"_s;
-    QSqlQuery query(m_opener->catalogue().db());
-    QVERIFY(query.exec(sql.arg(c.keyColumn, c.listColumn, c.table)) && query.next());
-    const QString key = query.value(0).toString();
-    const QString name = query.value(1).toString();
-    query.finish(); // a statement left open would hold a read lock on the catalogue
+    const QString sql = u"select %1 from %3 order by %2 limit 1 offset 3"_s;
+    const QString key =
+        m_opener->catalogue().programScalar(sql.arg(c.keyColumn, c.listColumn, c.table)).toString();
+    const QString name = valueOf(*m_opener, c, c.listColumn, key);
     QVERIFY(pickFromLookup(form, c, name));
     QCOMPARE(fieldText(form, u"txt"_s + c.keyColumn), key);
     QCOMPARE(fieldText(form, c.mandatory.first()), name);

@@ -83,7 +83,7 @@ class TestReferenceDelete : public QObject
     QString keyAt(const FormCase &c, int place) const
     {
         return m_opener->catalogue()
-            .scalar(u"select "_s + c.keyColumn + u" from "_s + c.table + u" order by "_s
+            .programScalar(u"select "_s + c.keyColumn + u" from "_s + c.table + u" order by "_s
                     + c.listColumn + u" limit 1 offset "_s + QString::number(place - 1))
             .toString();
     }

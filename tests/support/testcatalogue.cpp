@@ -2,6 +2,9 @@
 
 #include "catalogue/cataloguefile.h"
 #include "catalogue/samplecollection.h"
+#include "data/connection.h"
+#include "data/connectionstring.h"
+#include "data/recordset.h"
 
 #include <QSqlQuery>
 #include <QUuid>
@@ -51,4 +54,12 @@ QVariant TestCatalogue::scalar(const QString &sql) const
     if (!query.exec(sql) || !query.next())
         return {};
     return query.value(0);
+}
+
+QVariant TestCatalogue::programScalar(const QString &statement) const
+{
+    Connection connection;
+    connection.open(ConnectionString::forCatalogue(path()));
+    const auto rows = connection.execute(statement);
+    return rows->eof() ? QVariant() : rows->value(0);
 }

@@ -27,6 +27,9 @@ public:
 
     // The first column of the first row a query gives (an invalid QVariant when none).
     QVariant scalar(const QString &sql) const;
+    // The same for a statement run as the program runs it, on a connection of its own: text
+    // ordered and compared as in the program's lists.
+    QVariant programScalar(const QString &statement) const;
 
 private:
     QTemporaryDir m_dir;
