@@ -61,8 +61,8 @@ int main(int argc, char **argv)
     for (const Ordering &ordering : orderings) {
         const QString collated = JetSql::toCollatedSqlite(ordering.jet);
         const QString nocase = JetSql::toSqlite(ordering.jet);
-        const double ms = bestMilliseconds(5, [&] { ReadAll(connection.database(), collated); });
-        const double rawMs = bestMilliseconds(5, [&] { ReadAll(plain, nocase); });
+        const double ms = bestMilliseconds(5, [&] { readAll(connection.database(), collated); });
+        const double rawMs = bestMilliseconds(5, [&] { readAll(plain, nocase); });
         reportFigure(ordering.what, ms, rawMs, "ms");
     }
     const double openMs = bestMilliseconds(

@@ -1,6 +1,9 @@
 #include "search/booklistingmodel.h"
 
+#include "data/textcollation.h"
+
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <utility>
 
@@ -10,16 +13,16 @@ namespace {
 
 // Each row's place among the keys, equal keys sharing one. Worked out at a column's first
 // sort, so that every later sort of it compares numbers rather than texts or amounts.
-template<typename Key>
-std::vector<int> ranksOf(const std::vector<Key> &keys)
+template<typename Key, typename Less = std::less<Key>>
+std::vector<int> ranksOf(const std::vector<Key> &keys, Less less = {})
 {
     std::vector<int> byKey(keys.size());
     std::iota(byKey.begin(), byKey.end(), 0);
-    std::sort(byKey.begin(), byKey.end(), [&keys](int a, int b) { return keys[a] < keys[b]; });
+    std::sort(byKey.begin(), byKey.end(), [&](int a, int b) { return less(keys[a], keys[b]); });
     std::vector<int> ranks(keys.size());
     int rank = 0;
     for (size_t i = 0; i < byKey.size(); ++i) {
-        if (i > 0 && keys[byKey[i - 1]] < keys[byKey[i]])
+        if (i > 0 && less(keys[byKey[i - 1]], keys[byKey[i]]))
             ++rank;
         ranks[byKey[i]] = rank;
     }
@@ -143,10 +146,14 @@ void BookListingModel::sortAsText(int column, Qt::SortOrder order)
 {
     std::vector<int> &ranks = m_textRanks.at(column);
     if (ranks.empty()) {
-        std::vector<QString> folded(m_rows.size());
+        // In the order of the program's other lists: a dictionary's, in the user's language.
+        std::vector<QString> texts(m_rows.size());
         for (qsizetype row = 0; row < m_rows.size(); ++row)
-            folded[row] = m_rows.at(row).texts.at(column).toCaseFolded();
-        ranks = ranksOf(folded);
+            texts[row] = m_rows.at(row).texts.at(column);
+        const TextCollation::DictionaryOrder dictionary;
+        ranks = ranksOf(texts, [&dictionary](const QString &a, const QString &b) {
+            return dictionary.compare(a, b) < 0;
+        });
     }
     reorder(sortedOrder(ranks, order));
 }

@@ -242,13 +242,13 @@ private Q_SLOTS:
         QWidget *shown = openBrowser(c);
         const QTreeView *tree = treeOf(shown, c);
 
-        QSqlQuery rows(m_fixture->catalogue().db());
-        QVERIFY(rows.exec(c.rowsSql));
+        // Ordered as the program orders text.
+        const QList<QVariantList> rowsInOrder = m_fixture->catalogue().programRows(c.rowsSql);
         int root = -1;
         int child = 0;
         int count = 0;
         QString rootKey;
-        while (rows.next()) {
+        for (const QVariantList &rows : rowsInOrder) {
             ++count;
             const QString rowRootKey = u"T"_s + rows.value(0).toString();
             if (root < 0 || rowRootKey != rootKey) {

@@ -58,8 +58,21 @@ QVariant TestCatalogue::scalar(const QString &sql) const
 
 QVariant TestCatalogue::programScalar(const QString &statement) const
 {
+    const QList<QVariantList> rows = programRows(statement);
+    return rows.isEmpty() ? QVariant() : rows.constFirst().value(0);
+}
+
+QList<QVariantList> TestCatalogue::programRows(const QString &statement) const
+{
     Connection connection;
     connection.open(ConnectionString::forCatalogue(path()));
-    const auto rows = connection.execute(statement);
-    return rows->eof() ? QVariant() : rows->value(0);
+    const auto records = connection.execute(statement);
+    QList<QVariantList> rows;
+    for (int row = 0; row < records->recordCount(); ++row) {
+        QVariantList values;
+        for (int field = 0; field < records->fieldCount(); ++field)
+            values.append(records->valueAt(row, field));
+        rows.append(values);
+    }
+    return rows;
 }

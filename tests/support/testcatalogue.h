@@ -30,6 +30,8 @@ public:
     // The same for a statement run as the program runs it, on a connection of its own: text
     // ordered and compared as in the program's lists.
     QVariant programScalar(const QString &statement) const;
+    // Every row of a statement run as the program runs it, every value of each in order.
+    QList<QVariantList> programRows(const QString &statement) const;
 
 private:
     QTemporaryDir m_dir;
