@@ -66,6 +66,9 @@ void FormRegistry::place(QWidget *form, Placement placement, Loaded &entry)
     entry.subWindow->ensurePolished();
     if (QLayout *layout = entry.subWindow->layout())
         layout->activate();
+    // Tiling never squeezes a form below the size at which its fields and buttons still fit:
+    // where the frame has less room, its own scroll bars take over.
+    form->setMinimumSize(form->minimumSizeHint());
     entry.subWindow->resize(designed + (entry.subWindow->size() - form->size()));
 }
 
