@@ -9,12 +9,14 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
+#include <QSet>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -263,6 +265,77 @@ private Q_SLOTS:
         QCOMPARE(scalar(path, u"SELECT BookDets1 FROM qryReport01 WHERE Expr1 = 1"_s).toString(), u"Travels in Égypte"_s);
         // New rows are numbered after the imported ones.
         QCOMPARE(scalar(path, u"SELECT seq FROM sqlite_sequence WHERE name = 'tblBook'"_s).toInt(), 120);
+    }
+
+    // The figures the statistics form shows and a search's hits, worked out from the values
+    // read out of the Jet file, are those of the imported catalogue.
+    void statisticsAndSearchesGiveWhatTheJetValuesGive()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"new.mdb"_s);
+        CatalogueImport::run(jetFixture(catalogueFixture), path);
+        const JetFile jet(jetFixture(catalogueFixture));
+
+        const auto column = [&jet](const QString &table, const QString &name) {
+            const QList<JetColumn> columns = jet.columns(table);
+            for (qsizetype i = 0; i < columns.size(); ++i) {
+                if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
+                    return int(i);
+            }
+            return -1;
+        };
+        const int id = column(u"tblBook"_s, u"BookID"_s);
+        const int price = column(u"tblBook"_s, u"BookPrice"_s);
+        const int year = column(u"tblBook"_s, u"BookWhenPublished"_s);
+        const int publisherOfBook = column(u"tblBook"_s, u"BookPublisherId"_s);
+        QVERIFY(id >= 0 && price >= 0 && year >= 0 && publisherOfBook >= 0);
+        qint64 books = 0, total = 0, dearest = 0, cheapest = std::numeric_limits<qint64>::max();
+        qint64 oldest = std::numeric_limits<qint64>::max();
+        QHash<qint64, QSet<qint64>> booksOfPublisher;
+        jet.readRows(u"tblBook"_s, [&](const JetRow &row) {
+            ++books;
+            const qint64 amount = std::get<JetCurrency>(row[price]).tenThousandths;
+            total += amount;
+            dearest = std::max(dearest, amount);
+            cheapest = std::min(cheapest, amount);
+            if (const auto *published = std::get_if<qint64>(&row[year]); published && *published != 0)
+                oldest = std::min(oldest, *published);
+            booksOfPublisher[std::get<qint64>(row[publisherOfBook])] << std::get<qint64>(row[id]);
+        });
+
+        // The statistics form's two statements, as it runs them.
+        ScopedDatabase imported(path, ScopedDatabase::Mode::ReadOnly);
+        QSqlQuery figures(imported.db());
+        QVERIFY(figures.exec(u"select count(*) as TotalNoBooks, sum(BookPrice) as TotalValue, "
+                             "max(BookPrice) as Expensive, min(BookPrice) as Cheapest from tblBook"_s));
+        QVERIFY(figures.next());
+        QCOMPARE(figures.value(0).toLongLong(), books);
+        QCOMPARE(qRound64(figures.value(1).toDouble() * 10000), total);
+        QCOMPARE(qRound64(figures.value(2).toDouble() * 10000), dearest);
+        QCOMPARE(qRound64(figures.value(3).toDouble() * 10000), cheapest);
+        QCOMPARE(scalar(path, u"select   min(BookWhenPublished) as Oldest from tblBook "
+                              "where BookWhenPublished <> 0"_s).toLongLong(),
+                 oldest);
+
+        // A search by publisher, as the search form builds it, finds that publisher's books.
+        const int publisherId = column(u"tblPublisher"_s, u"PublisherID"_s);
+        const int publisherName = column(u"tblPublisher"_s, u"PublisherName"_s);
+        int searched = 0;
+        jet.readRows(u"tblPublisher"_s, [&](const JetRow &row) {
+            const QString name = std::get<QString>(row[publisherName]);
+            if (name.contains(u'\''))
+                return; // the search's statement cannot carry an apostrophe
+            QSqlQuery hits(imported.db());
+            QVERIFY(hits.exec(u"Select distinct tblBook.BookID from tblBook  ,tblPublisher  where "
+                              "tblBook.BookPublisherID = tblPublisher.PublisherID and "
+                              "tblPublisher.PublisherName = '"_s + name + u"'"_s));
+            QSet<qint64> found;
+            while (hits.next())
+                found << hits.value(0).toLongLong();
+            QCOMPARE(found, booksOfPublisher.value(std::get<qint64>(row[publisherId])));
+            ++searched;
+        });
+        QVERIFY(searched > 5);
     }
 
     void repairsRowsThatBreakTheRules()
