@@ -47,9 +47,9 @@ ReportCommands::ReportCommands(MainFrame &frame)
     for (const EntryPoints &entry : entryPoints()) {
         const CatalogueListing listing = entry.listing;
         frame.setCommand(entry.menuEntry,
-                         [this, listing] { RunHandler([this, listing] { runListing(listing); }); });
+                         [this, listing] { runListing(listing); });
     }
-    frame.setCommand(u"mnuPrintLabels"_s, [this] { RunHandler([this] { printLabels(); }); });
+    frame.setCommand(u"mnuPrintLabels"_s, [this] { printLabels(); });
     SetSingleLabelPrinter([this](const QString &bookNumber) {
         RunHandler([this, bookNumber] { printSingleLabel(bookNumber); });
     });

@@ -116,7 +116,7 @@ MainFrame::MainFrame(QWidget *parent)
     connectWindowMenu();
     connectHelpMenu();
     setCommand(u"mnuFileCompactDatabase"_s,
-               [this] { RunHandler([this] { CompactDatabase(*this); }); });
+               [this] { CompactDatabase(*this); });
     connect(m_toolbar, &FrameToolbar::buttonClicked, this, &MainFrame::onToolbarButton);
     connect(m_toolbar, &FrameToolbar::dropDownItemClicked, this, &MainFrame::onDropDownItem);
 }
@@ -272,7 +272,7 @@ void MainFrame::runCommand(const QString &name)
     if (!CatalogueIsOpen(m_session))
         return;
     if (const auto command = m_commands.value(name))
-        command();
+        RunHandler(command);
 }
 
 void MainFrame::onToolbarButton(const QString &key)
@@ -309,10 +309,18 @@ void MainFrame::onDropDownItem(QAction *item)
         openTaskForm(command->form, {command->entry, command->dropDownItem});
         return;
     }
-    if (const auto command = m_commands.value(reportItems().value(key)))
-        command();
+    // A run-time error in the report abandons the click before the item is disabled.
+    bool completed = true;
+    if (const auto command = m_commands.value(reportItems().value(key))) {
+        completed = false;
+        RunHandler([&] {
+            command();
+            completed = true;
+        });
+    }
     // A report's item stays disabled until the report that it started is closed.
-    item->setEnabled(false);
+    if (completed)
+        item->setEnabled(false);
 }
 
 void MainFrame::printChosenForm(QAction *item)

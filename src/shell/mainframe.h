@@ -33,7 +33,8 @@ public:
     QAction *action(const QString &name) const;
 
     // What a command of another area does (a report, the labels, compaction). The frame runs
-    // the open-catalogue guard before it; until one is set the command does nothing more.
+    // the open-catalogue guard before it, and the command as an event handler: a run-time
+    // error it throws is reported and ends it. Until one is set the command does nothing more.
     void setCommand(const QString &name, std::function<void()> command);
 
     // "Shelvane - Open Catalogue: " + the catalogue's name, or "Shelvane" with none open.

@@ -258,13 +258,13 @@ private Q_SLOTS:
         QCOMPARE(responder.finish(), QString());
         QVERIFY(!FindForm(u"DataReport3"_s));
         QVERIFY(frame().action(u"mnuRepTopicOrder"_s)->isEnabled());
-        // From the drop-down the frame disables the item it used, whatever came of it.
+        // From the drop-down the error abandons the click before the item is disabled.
         responder.expect(runTimeError(94, u"Invalid use of Null"_s));
         frame().action(u"TopicRep"_s)->trigger();
         QCOMPARE(responder.finish(), QString());
         QVERIFY(!FindForm(u"DataReport3"_s));
         QVERIFY(frame().action(u"mnuRepTopicOrder"_s)->isEnabled());
-        QVERIFY(!frame().action(u"TopicRep"_s)->isEnabled());
+        QVERIFY(frame().action(u"TopicRep"_s)->isEnabled());
     }
 
     void dataEnvironmentPointsAtTheOpenCatalogue()
