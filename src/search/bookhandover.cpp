@@ -12,25 +12,35 @@ namespace {
 
 const QString BookFormName = u"frmBookMaintenance"_s;
 
-// On a connection of its own, closed again at once; both statements or neither.
-void ReplaceHitsWith(const QString &connectionString, const QString &bookId)
+} // namespace
+
+void ReplaceHits(Connection &connection, const QString &source)
 {
-    Connection connection;
-    connection.open(connectionString);
     TransactionGuard transaction(connection);
     connection.execute(u"Delete from tblcriteriahits"_s, CommandType::Text);
-    connection.execute(u"Insert into tblcriteriahits (BookID) values ("_s + bookId + u")"_s,
-                       CommandType::Text);
+    connection.execute(u"Insert into tblcriteriahits (BookID) "_s + source, CommandType::Text);
     transaction.commit();
 }
 
-} // namespace
+// The book form reads the hits only as it loads, so an open one is closed first.
+void ShowBookFormFiltered(MainFrame &frame)
+{
+    FormRegistry &forms = frame.forms();
+    frame.session().BookFilterPending = true;
+    if (QWidget *books = forms.find(BookFormName); books && !forms.unload(books)) {
+        // It kept a pending edit; it shows its books as before until it is reloaded.
+        frame.session().BookFilterPending = false;
+        return;
+    }
+    forms.show(BookFormName);
+}
 
 void ShowOnlyBook(MainFrame &frame, const QString &bookId)
 {
-    ReplaceHitsWith(frame.session().connectionString(), bookId);
-    frame.session().BookFilterPending = true;
-    if (QWidget *bookForm = frame.forms().find(BookFormName))
-        frame.forms().unload(bookForm);
-    frame.forms().show(BookFormName);
+    {
+        Connection connection;
+        connection.open(frame.session().connectionString());
+        ReplaceHits(connection, u"values ("_s + bookId + u")"_s);
+    }
+    ShowBookFormFiltered(frame);
 }

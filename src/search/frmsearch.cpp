@@ -5,7 +5,7 @@
 #include "data/recordset.h"
 #include "data/recordsetmodel.h"
 #include "data/runtimeerror.h"
-#include "data/transactionguard.h"
+#include "search/bookhandover.h"
 #include "shell/datacombo.h"
 #include "shell/formregistry.h"
 #include "shell/helptopics.h"
@@ -25,7 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString FormName = u"frmSearch"_s;
-const QString BookFormName = u"frmBookMaintenance"_s;
 
 // A locked input takes no typing or picking, and looks it.
 void setLocked(QWidget *input, bool locked)
@@ -161,31 +160,9 @@ void FrmSearch::Search()
         on_cmdReset_clicked();
         return;
     }
-    copyHits(connection, statement);
+    ReplaceHits(connection, statement);
     connection.close();
-    showHits();
-}
-
-// The previous hits are replaced whole or, when the statement fails, kept.
-void FrmSearch::copyHits(Connection &connection, const QString &statement)
-{
-    TransactionGuard transaction(connection);
-    connection.execute(u"Delete from tblcriteriahits"_s);
-    connection.execute(u"Insert into tblcriteriahits (BookID) "_s + statement);
-    transaction.commit();
-}
-
-// The book form reads the hits only as it loads, so an open one is closed first.
-void FrmSearch::showHits()
-{
-    FormRegistry &forms = m_frame.forms();
-    m_frame.session().BookFilterPending = true;
-    if (QWidget *books = forms.find(BookFormName); books && !forms.unload(books)) {
-        // It kept a pending edit; it shows its books as before until it is reloaded.
-        m_frame.session().BookFilterPending = false;
-        return;
-    }
-    forms.show(BookFormName);
+    ShowBookFormFiltered(m_frame);
 }
 
 void FrmSearch::on_cmdReset_clicked()

@@ -7,7 +7,6 @@
 
 #include <memory>
 
-class Connection;
 class DataCombo;
 class MainFrame;
 class QCheckBox;
@@ -54,8 +53,6 @@ private:
                    const QString &listField, const QString &boundColumn);
     void setUpCriteria();
     void Search();
-    void copyHits(Connection &connection, const QString &statement);
-    void showHits();
 
     std::unique_ptr<Ui::frmSearch> ui;
     MainFrame &m_frame;
