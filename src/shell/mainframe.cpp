@@ -233,8 +233,7 @@ void MainFrame::closeCatalogue()
 
 void MainFrame::connectCatalogue()
 {
-    m_session.cnnCatalogue = std::make_unique<Connection>();
-    m_session.cnnCatalogue->open(m_session.connectionString(), QString(), QString());
+    m_session.connect();
     // Prepared out of sight; the books command brings it up.
     m_forms->load(u"frmBookMaintenance"_s);
 }

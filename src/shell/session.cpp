@@ -2,6 +2,7 @@
 
 #include "data/connectionstring.h"
 #include "data/runtimeerror.h"
+#include "shell/keepbackup.h"
 #include "shell/msgbox.h"
 
 #include <QLocale>
@@ -26,11 +27,35 @@ void Session::setPriceFormat(const QLocale &locale)
     strPriceFormat = strCurrencySymbol + u"###,##0.00"_s;
 }
 
-void Session::clear()
+void Session::connect()
 {
+    hold = std::make_unique<CatalogueHold>(strCataloguePath);
+    cnnCatalogue = std::make_unique<Connection>();
+    cnnCatalogue->open(connectionString(), QString(), QString());
+}
+
+void Session::disconnect()
+{
+    changeNotBackedUp = changed();
     if (cnnCatalogue)
         cnnCatalogue->close();
     cnnCatalogue.reset();
+    hold.reset();
+}
+
+bool Session::changed() const
+{
+    // A catalogue that never opened has nothing of the program's in it.
+    const bool connected = hold && cnnCatalogue && cnnCatalogue->isOpen();
+    return changeNotBackedUp || (connected && hold->changedSinceTaken());
+}
+
+void Session::clear()
+{
+    if (changed())
+        KeepBackup(strCataloguePath);
+    disconnect();
+    changeNotBackedUp = false;
     strCataloguePath.clear();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/cataloguehold.h"
 #include "data/connection.h"
 
 #include <QString>
@@ -15,6 +16,10 @@ struct Session
     QString strCataloguePath;
     // The one shared connection every form uses for statements it runs in code.
     std::unique_ptr<Connection> cnnCatalogue;
+    // Held while connected: no other copy of the program can replace the file meanwhile.
+    std::unique_ptr<CatalogueHold> hold;
+    // A change seen before the hold was let go, that no backup has kept yet.
+    bool changeNotBackedUp = false;
     // The reports' price format: the locale's currency symbol followed by "###,##0.00".
     QString strCurrencySymbol;
     QString strPriceFormat;
@@ -29,7 +34,18 @@ struct Session
     // The run-time connection string every form gives its data controls.
     QString connectionString() const;
     void setPriceFormat(const QLocale &locale);
-    // Back to "no catalogue": the shared connection is closed and released.
+
+    // Takes the hold on the catalogue at strCataloguePath and opens the shared connection.
+    // Throws ProviderError (3356 while another copy is replacing the file).
+    void connect();
+    // Closes the shared connection and lets go of the hold, so that the file may be
+    // replaced; whether the catalogue changed is remembered.
+    void disconnect();
+    // Whether anything was written to the catalogue since it was opened or last backed up.
+    bool changed() const;
+    // Back to "no catalogue": a catalogue that changed is first kept in a backup (a backup
+    // that fails is told, and the catalogue is closed all the same), then the shared
+    // connection is closed and released.
     void clear();
 };
 

@@ -30,6 +30,8 @@ namespace {
 
 const QString CatalogueName = u"QuireshelfCatalog01.mdb"_s;
 const QString KeptName = u"QuireshelfCatalog01 (older format).mdb"_s;
+// Beside a catalogue while a copy of the program has it open.
+const QString LockName = u"QuireshelfCatalog01.mdb.lock"_s;
 
 ModalExpectation convertQuestion(const QString &keptName, const QString &press)
 {
@@ -146,7 +148,7 @@ private Q_SLOTS:
         const QString problems = open(path, {question, converted, openedMessage()});
         QVERIFY2(problems.isEmpty(), qPrintable(problems));
 
-        QCOMPARE(filesIn(folder), (QStringList{KeptName, CatalogueName}));
+        QCOMPARE(filesIn(folder), (QStringList{KeptName, CatalogueName, LockName}));
         QCOMPARE(contentOf(folder.filePath(KeptName)), old);
         QCOMPARE(CatalogueFormat::ofFile(path), CatalogueFormat::Kind::Sqlite);
         QVERIFY(m_frame->session().isOpen());
@@ -220,7 +222,7 @@ private Q_SLOTS:
             openedMessage(),
         });
         QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        QCOMPARE(filesIn(folder), (QStringList{secondName, KeptName, CatalogueName}));
+        QCOMPARE(filesIn(folder), (QStringList{secondName, KeptName, CatalogueName, LockName}));
     }
 
     void progressNamesThePartBeingConverted()

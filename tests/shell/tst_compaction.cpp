@@ -4,9 +4,12 @@
 #include "../data/cataloguedamage.h"
 #include "../tools/snapshot.h"
 #include "../data/catalogueprobe.h"
+#include "backupmessage.h"
+#include "compactionmessages.h"
 
 #include "books/bookforms.h"
 #include "catalogue/scopeddatabase.h"
+#include "data/cataloguebackups.h"
 #include "data/recordset.h"
 #include "reference/registerreferenceforms.h"
 #include "shell/compaction.h"
@@ -47,14 +50,7 @@ void registerForms(MainFrame &frame)
 
 ModalExpectation question(const QString &press)
 {
-    ModalExpectation expected = ModalResponder::message(
-        u"Compact Database!"_s,
-        u"Use this option after adding 100 or more entities,\r\n"
-        "either books, authors, publishers or topics.\r\n\r\n"
-        "It will help improve the Shelvane response time.     \r\n\r\n"
-        "Please ensure all open windows are closed before use!      \r\n\r\n"
-        "Do you wish to continue?"_s,
-        QMessageBox::Information, {u"Yes"_s, u"No"_s}, press);
+    ModalExpectation expected = compactQuestion(press);
     expected.act = [](QWidget *box) { SaveScreenshot(box, u"compactQuestion"_s); };
     return expected;
 }
@@ -66,13 +62,6 @@ ModalExpectation windowsStillOpen()
                                    "Please close all open windows and try again.\r\n\r\n"
                                    "Re-Organisation Cancelled!"_s,
                                    QMessageBox::Warning, {u"OK"_s}, u"OK"_s);
-}
-
-ModalExpectation succeeded(const QString &path)
-{
-    return ModalResponder::message(u"Re-Organise Database"_s,
-                                   u"Database Successfully re-organised"_s + CRLF + path,
-                                   QMessageBox::Information, {u"OK"_s}, u"OK"_s);
 }
 
 ModalExpectation notReorganised(const QString &screenshot, const QString &text)
@@ -100,6 +89,7 @@ private Q_SLOTS:
     void aboutBoxStopsIt();
     void leftoverBackupIsDeletedFirst();
     void catalogueInUseByAnotherProgram();
+    void catalogueOpenInAnotherCopy();
     void damagedCatalogueIsLeftAlone();
     void backupFolderNotWritable();
     void catalogueFolderNotWritable();
@@ -200,7 +190,7 @@ void TestCompaction::runsThroughWithOnlyTheHiddenBookForm()
     QSignalSpy closing(&frame(), &MainFrame::closingConnections);
 
     m_responder->expect(question(u"Yes"_s));
-    m_responder->expect(succeeded(session().strCataloguePath));
+    m_responder->expect(compactSucceeded(session().strCataloguePath));
     compact();
     QCOMPARE(m_responder->finish(), QString());
 
@@ -208,6 +198,10 @@ void TestCompaction::runsThroughWithOnlyTheHiddenBookForm()
     QVERIFY(sharedStillOpen);
     QVERIFY(reconnected());
     QVERIFY(!QFile::exists(CompactionBackupPath()));
+    // A dated backup of the catalogue as it was is kept beside it first.
+    const QStringList kept = CatalogueBackups::listed(path(), CatalogueBackups::folderBeside(path()));
+    QCOMPARE(kept.size(), 1);
+    QCOMPARE(rowsOf(kept.constFirst()), rows);
     QVERIFY(QFileInfo(path()).size() < before);
     QCOMPARE(scalarOf(path(), u"PRAGMA freelist_count"_s), 0);
     QCOMPARE(rowsOf(path()), rows);
@@ -264,7 +258,7 @@ void TestCompaction::leftoverBackupIsDeletedFirst()
     const QStringList rows = rowsOf(path());
 
     m_responder->expect(question(u"Yes"_s));
-    m_responder->expect(succeeded(session().strCataloguePath));
+    m_responder->expect(compactSucceeded(session().strCataloguePath));
     compact();
     QCOMPARE(m_responder->finish(), QString());
 
@@ -281,10 +275,7 @@ void TestCompaction::catalogueInUseByAnotherProgram()
         const HeldCatalogue held(path(), HeldCatalogue::Lock::Exclusive);
         QVERIFY2(held.isHeld(), qPrintable(held.problem()));
         m_responder->expect(question(u"Yes"_s));
-        m_responder->expect(ModalResponder::message(
-            u"Compact Database"_s,
-            u"Database in use please exit Shelvane\r\nre-open Database and try again"_s,
-            QMessageBox::Warning, {u"OK"_s}, u"OK"_s));
+        m_responder->expect(compactInUse());
         compact();
         QCOMPARE(m_responder->finish(), QString());
     }
@@ -295,6 +286,28 @@ void TestCompaction::catalogueInUseByAnotherProgram()
     QTRY_VERIFY(!FindForm(u"frmBookMaintenance"_s));
     QCOMPARE(fileFingerprint(path()), before);
     QVERIFY(!QFile::exists(CompactionBackupPath()));
+    QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(path())));
+}
+
+void TestCompaction::catalogueOpenInAnotherCopy()
+{
+    const QString cataloguePath = session().strCataloguePath;
+    const QByteArray before = fileFingerprint(path());
+    {
+        // An idle copy holds no lock of SQLite's; it would write into the old file later.
+        const HeldCatalogue otherCopy(path(), HeldCatalogue::Lock::Open);
+        QVERIFY2(otherCopy.isHeld(), qPrintable(otherCopy.problem()));
+        m_responder->expect(question(u"Yes"_s));
+        m_responder->expect(compactInUse());
+        compact();
+        QCOMPARE(m_responder->finish(), QString());
+    }
+
+    QCOMPARE(session().strCataloguePath, cataloguePath);
+    QVERIFY(!session().cnnCatalogue);
+    QCOMPARE(fileFingerprint(path()), before);
+    QVERIFY(!QFile::exists(CompactionBackupPath()));
+    QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(path())));
 }
 
 void TestCompaction::damagedCatalogueIsLeftAlone()
@@ -362,6 +375,9 @@ void TestCompaction::catalogueFolderNotWritable()
         if (!locked.isImmutable())
             QSKIP(qPrintable(u"the catalogue folder cannot be made unwritable: "_s + locked.problem()));
         m_responder->expect(question(u"Yes"_s));
+        // Nor can the dated backup be made beside it; that does not stop the compaction.
+        m_responder->expect(backupFailedMessage(
+            QDir(m_opener->catalogue().folder()).filePath(u"Backups"_s), u"Operation not permitted"_s));
         m_responder->expect(notReorganised(
             u"compactReplaceFailed"_s,
             u"Database not re-organised!\r\n"

@@ -39,6 +39,19 @@ QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName)
     return {};
 }
 
+QString AppendToShownTitle(const QString &text)
+{
+    const QWidget *form = OpenThroughMenu(u"mnuBooks"_s, u"frmBookMaintenance"_s);
+    auto *title = FindControl<QLineEdit>(form, u"txtDescription"_s);
+    if (!title)
+        return {};
+    const QString id = BoxText(form, u"txtBookID"_s);
+    QTest::keyClick(title, Qt::Key_End);
+    QTest::keyClicks(title, text);
+    ClickButton(form, u"cmdNext"_s);
+    return id;
+}
+
 void Retype(QLineEdit *box, const QString &text)
 {
     box->setFocus(Qt::OtherFocusReason);

@@ -14,6 +14,11 @@ QWidget *OpenThroughMenu(const QString &menuEntry, const QString &formName);
 // what was otherwise, empty when all was so.
 QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName);
 
+// Shows the book form through its menu entry, types `text` at the end of the shown book's
+// title and moves to the next book, which writes the edit as it does for a person. Answers
+// the edited book's key; empty when the form did not open.
+QString AppendToShownTitle(const QString &text);
+
 // Replaces a box's text key by key, so that its key filter sees every character.
 void Retype(QLineEdit *box, const QString &text);
 
