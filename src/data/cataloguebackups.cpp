@@ -108,18 +108,27 @@ QString backUp(sqlite3 *source, sqlite3 *target)
     return integrityProblem(target);
 }
 
+// Opens an existing file for reading and writing; answers SQLite's reason when it cannot.
+QString openExisting(const QString &path, Database &db)
+{
+    sqlite3 *opened = nullptr;
+    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened,
+                                   SQLITE_OPEN_READWRITE, nullptr);
+    db.reset(opened);
+    if (rc == SQLITE_OK)
+        return {};
+    return opened ? messageOf(opened) : QString::fromUtf8(sqlite3_errstr(rc));
+}
+
 QString writePartial(sqlite3 *source, const QString &partial)
 {
     // Made here, so that a folder that takes no file is said in the system's words (SQLite
     // says only that it cannot open it); an empty file is an empty database.
     if (QFile file(partial); !file.open(QIODevice::WriteOnly))
         return file.errorString();
-    sqlite3 *opened = nullptr;
-    const int rc = sqlite3_open_v2(QFile::encodeName(partial).constData(), &opened,
-                                   SQLITE_OPEN_READWRITE, nullptr);
-    const Database target(opened);
-    if (rc != SQLITE_OK)
-        return opened ? messageOf(opened) : QString::fromUtf8(sqlite3_errstr(rc));
+    Database target;
+    if (const QString problem = openExisting(partial, target); !problem.isEmpty())
+        return problem;
     // The copy reaches the disk once, whole, before it takes its name: until then nothing
     // needs its journal or its syncs.
     sqlite3_exec(target.get(), "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF", nullptr,
@@ -248,12 +257,9 @@ void prune(const QString &catalogue, const QString &folder, int kept)
 // that stopped is undone first, as any connection does.
 QString copyChecked(const QString &source, const QString &destination)
 {
-    sqlite3 *opened = nullptr;
-    const int rc = sqlite3_open_v2(QFile::encodeName(source).constData(), &opened,
-                                   SQLITE_OPEN_READWRITE, nullptr);
-    const Database db(opened);
-    if (rc != SQLITE_OK)
-        return opened ? messageOf(opened) : QString::fromUtf8(sqlite3_errstr(rc));
+    Database db;
+    if (const QString problem = openExisting(source, db); !problem.isEmpty())
+        return problem;
     sqlite3_busy_timeout(db.get(), BusyTimeoutMs);
     return copyThrough(db.get(), destination);
 }

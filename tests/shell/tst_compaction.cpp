@@ -38,6 +38,8 @@
 
 using namespace Qt::StringLiterals;
 
+Q_DECLARE_METATYPE(HeldCatalogue::Lock)
+
 namespace {
 
 const QString CRLF = u"\r\n"_s;
@@ -88,8 +90,8 @@ private Q_SLOTS:
     void openTaskFormStopsIt();
     void aboutBoxStopsIt();
     void leftoverBackupIsDeletedFirst();
-    void catalogueInUseByAnotherProgram();
-    void catalogueOpenInAnotherCopy();
+    void catalogueInUse_data();
+    void catalogueInUse();
     void damagedCatalogueIsLeftAlone();
     void backupFolderNotWritable();
     void catalogueFolderNotWritable();
@@ -267,12 +269,21 @@ void TestCompaction::leftoverBackupIsDeletedFirst()
     QCOMPARE(rowsOf(path()), rows);
 }
 
-void TestCompaction::catalogueInUseByAnotherProgram()
+void TestCompaction::catalogueInUse_data()
 {
+    QTest::addColumn<HeldCatalogue::Lock>("lock");
+    QTest::newRow("held by another program") << HeldCatalogue::Lock::Exclusive;
+    // An idle copy holds no lock of SQLite's; it would write into the old file later.
+    QTest::newRow("open in another copy of Shelvane") << HeldCatalogue::Lock::Open;
+}
+
+void TestCompaction::catalogueInUse()
+{
+    QFETCH(HeldCatalogue::Lock, lock);
     const QString cataloguePath = session().strCataloguePath;
     const QByteArray before = fileFingerprint(path());
     {
-        const HeldCatalogue held(path(), HeldCatalogue::Lock::Exclusive);
+        const HeldCatalogue held(path(), lock);
         QVERIFY2(held.isHeld(), qPrintable(held.problem()));
         m_responder->expect(question(u"Yes"_s));
         m_responder->expect(compactInUse());
@@ -284,27 +295,6 @@ void TestCompaction::catalogueInUseByAnotherProgram()
     QCOMPARE(session().strCataloguePath, cataloguePath);
     QVERIFY(!session().cnnCatalogue);
     QTRY_VERIFY(!FindForm(u"frmBookMaintenance"_s));
-    QCOMPARE(fileFingerprint(path()), before);
-    QVERIFY(!QFile::exists(CompactionBackupPath()));
-    QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(path())));
-}
-
-void TestCompaction::catalogueOpenInAnotherCopy()
-{
-    const QString cataloguePath = session().strCataloguePath;
-    const QByteArray before = fileFingerprint(path());
-    {
-        // An idle copy holds no lock of SQLite's; it would write into the old file later.
-        const HeldCatalogue otherCopy(path(), HeldCatalogue::Lock::Open);
-        QVERIFY2(otherCopy.isHeld(), qPrintable(otherCopy.problem()));
-        m_responder->expect(question(u"Yes"_s));
-        m_responder->expect(compactInUse());
-        compact();
-        QCOMPARE(m_responder->finish(), QString());
-    }
-
-    QCOMPARE(session().strCataloguePath, cataloguePath);
-    QVERIFY(!session().cnnCatalogue);
     QCOMPARE(fileFingerprint(path()), before);
     QVERIFY(!QFile::exists(CompactionBackupPath()));
     QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(path())));

@@ -3,15 +3,14 @@
 // holds either none of the change, when killed before the commit, or all of it.
 
 #include "../data/catalogueprobe.h"
+#include "childcopy.h"
 
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
 #include "catalogue/samplecollection.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QHash>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -32,46 +31,6 @@ const QHash<QString, Operation> operations{
     {u"edit"_s, {u"edit (signed by the author)"_s, u"edited"_s}},
     {u"label run"_s, {u"labels"_s, u"labelled"_s}},
     {u"revaluation"_s, {u"revalue 10"_s, u"revalued"_s}},
-};
-
-// The copy of the program, in a process of its own with its writes watched.
-class Copy
-{
-public:
-    explicit Copy(const QString &catalogue)
-    {
-        m_process.start(QCoreApplication::applicationDirPath() + u"/sessionchild"_s,
-                        {catalogue, u"--watch-writes"_s});
-    }
-    ~Copy() { kill(); }
-
-    // What it said next; empty once it is dead.
-    QString said()
-    {
-        while (!m_process.canReadLine() && m_process.waitForReadyRead(30000)) {
-        }
-        return QString::fromUtf8(m_process.readLine()).trimmed();
-    }
-    QString tell(const QString &command)
-    {
-        m_process.write((command + u'\n').toUtf8());
-        return said();
-    }
-    bool killedItself()
-    {
-        if (m_process.state() != QProcess::NotRunning)
-            m_process.waitForFinished(30000);
-        return m_process.state() == QProcess::NotRunning
-            && m_process.exitStatus() == QProcess::CrashExit;
-    }
-    void kill()
-    {
-        m_process.kill();
-        m_process.waitForFinished(30000);
-    }
-
-private:
-    QProcess m_process;
 };
 
 } // namespace
@@ -116,7 +75,7 @@ void TestKilledCopy::initTestCase()
     static const QRegularExpression writes(u"catalogue-write=(\\d+)"_s);
     for (auto operation = operations.cbegin(); operation != operations.cend(); ++operation) {
         const QString path = freshCatalogue();
-        Copy copy(path);
+        ChildCopy copy(path, {u"--watch-writes"_s});
         QCOMPARE(copy.said(), u"open"_s);
         QCOMPARE(copy.tell(u"watch journal-write 0"_s), u"watching"_s);
         QVERIFY(copy.tell(operation->command).startsWith(operation->done));
@@ -154,7 +113,7 @@ void TestKilledCopy::killedInTheMiddle()
     QFETCH(bool, committed);
     const QString path = freshCatalogue();
     {
-        Copy copy(path);
+        ChildCopy copy(path, {u"--watch-writes"_s});
         QCOMPARE(copy.said(), u"open"_s);
         if (step.isEmpty()) {
             QVERIFY(copy.tell(operations.value(operation).command).startsWith(operations.value(operation).done));
@@ -166,7 +125,7 @@ void TestKilledCopy::killedInTheMiddle()
             QVERIFY2(occurrence <= writes, "the commit writes too few pages to stop half-way");
             QCOMPARE(copy.tell(u"watch %1 %2"_s.arg(step).arg(occurrence)), u"watching"_s);
             QCOMPARE(copy.tell(operations.value(operation).command), QString());
-            QVERIFY(copy.killedItself());
+            QVERIFY(copy.diedOfASignal());
         }
     }
 

@@ -6,6 +6,7 @@
 
 #include "../data/catalogueprobe.h"
 #include "../tools/snapshot.h"
+#include "childcopy.h"
 #include "compactionmessages.h"
 
 #include "books/bookforms.h"
@@ -18,9 +19,7 @@
 #include "support/testmain.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QProcess>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -31,38 +30,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Edit = u" (edited in the second copy)"_s;
-
-// The second copy, driven line by line.
-class SecondCopy
-{
-public:
-    explicit SecondCopy(const QString &catalogue)
-    {
-        m_process.start(QCoreApplication::applicationDirPath() + u"/sessionchild"_s, {catalogue});
-    }
-    ~SecondCopy()
-    {
-        m_process.closeWriteChannel();
-        if (!m_process.waitForFinished(30000))
-            m_process.kill();
-    }
-
-    // What it said next.
-    QString said()
-    {
-        while (!m_process.canReadLine() && m_process.waitForReadyRead(30000)) {
-        }
-        return QString::fromUtf8(m_process.readLine()).trimmed();
-    }
-    QString tell(const QString &command)
-    {
-        m_process.write((command + u'\n').toUtf8());
-        return said();
-    }
-
-private:
-    QProcess m_process;
-};
 
 } // namespace
 
@@ -140,7 +107,7 @@ QString TestTwoCopies::titleOf(const QString &bookId) const
 
 void TestTwoCopies::anEditBeforeTheRefusedCompactionIsKept()
 {
-    SecondCopy second(path());
+    ChildCopy second(path());
     QCOMPARE(second.said(), u"open"_s);
     const QString edited = second.tell(u"edit"_s + Edit);
     QVERIFY2(edited.startsWith(u"edited "_s), qPrintable(edited));
@@ -156,7 +123,7 @@ void TestTwoCopies::anEditBeforeTheRefusedCompactionIsKept()
 
 void TestTwoCopies::anEditAfterTheRefusedCompactionIsKept()
 {
-    SecondCopy second(path());
+    ChildCopy second(path());
     QCOMPARE(second.said(), u"open"_s);
 
     compactionIsRefused();
