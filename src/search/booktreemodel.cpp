@@ -6,8 +6,36 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A book's internal id is its root's row + 1; a root's is 0.
-constexpr quintptr RootNode = 0;
+// A node's internal id says whether it is a root and which root is its own: the root's row,
+// shifted left, with the low bit set for the books under it. Qt hashes an index as row * 16 +
+// column + internal id, the hash behind the view's expanded set and the model's persistent
+// indexes; small ids would cluster those hashes, and Expand and Collapse of thousands of
+// nodes would take quadratic time. Multiplying by an odd constant scatters the ids and is
+// undone by multiplying by its inverse.
+constexpr quintptr Scatter = quintptr(0x9E3779B97F4A7C15ULL);
+
+constexpr quintptr inverseOf(quintptr odd)
+{
+    quintptr inverse = odd; // right in the low 3 bits; each step doubles the right bits
+    for (int step = 0; step < 6; ++step)
+        inverse *= 2 - odd * inverse;
+    return inverse;
+}
+constexpr quintptr Gather = inverseOf(Scatter);
+static_assert(Scatter * Gather == 1);
+
+constexpr quintptr nodeId(int rootRow, bool isBook)
+{
+    return ((quintptr(rootRow) << 1) | (isBook ? 1 : 0)) * Scatter;
+}
+constexpr bool isBookNode(quintptr id)
+{
+    return ((id * Gather) & 1) != 0;
+}
+constexpr int rootRowOf(quintptr id)
+{
+    return int((id * Gather) >> 1);
+}
 
 const QString BookImage = u"Book"_s;
 const QString OpenBookImage = u"OpenBook"_s;
@@ -51,22 +79,23 @@ QModelIndex BookTreeModel::index(int row, int column, const QModelIndex &parent)
     if (!hasIndex(row, column, parent))
         return {};
     if (!parent.isValid())
-        return createIndex(row, column, RootNode);
-    return createIndex(row, column, quintptr(parent.row()) + 1);
+        return createIndex(row, column, nodeId(row, false /* a root */));
+    return createIndex(row, column, nodeId(parent.row(), true /* a book */));
 }
 
 QModelIndex BookTreeModel::parent(const QModelIndex &child) const
 {
-    if (!child.isValid() || child.internalId() == RootNode)
+    if (!child.isValid() || !isBookNode(child.internalId()))
         return {};
-    return createIndex(int(child.internalId() - 1), 0, RootNode);
+    const int rootRow = rootRowOf(child.internalId());
+    return createIndex(rootRow, 0, nodeId(rootRow, false /* a root */));
 }
 
 int BookTreeModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
         return int(m_roots.size());
-    if (parent.column() != 0 || parent.internalId() != RootNode)
+    if (parent.column() != 0 || isBookNode(parent.internalId()))
         return 0;
     return m_roots.at(parent.row()).bookCount;
 }
@@ -80,9 +109,9 @@ QVariant BookTreeModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    if (index.internalId() == RootNode)
+    if (!isBookNode(index.internalId()))
         return rootData(m_roots.at(index.row()), role);
-    const Root &root = m_roots.at(int(index.internalId() - 1));
+    const Root &root = m_roots.at(rootRowOf(index.internalId()));
     return bookData(root, m_books.at(root.firstBook + index.row()), role);
 }
 

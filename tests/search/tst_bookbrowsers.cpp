@@ -405,13 +405,9 @@ private Q_SLOTS:
         QCOMPARE(details(shown), first);
     }
 
-    void expandAndCollapseEveryNode_data() { addCases(); }
-    void expandAndCollapseEveryNode()
+    // Every root opened by Expand and closed by Collapse.
+    static void expandAndCollapse(const QWidget *shown, const QTreeView *tree)
     {
-        QFETCH(QString, form);
-        const BrowserCase &c = caseNamed(form);
-        QWidget *shown = openBrowser(c);
-        const QTreeView *tree = treeOf(shown, c);
         const auto expandedRoots = [tree] {
             int expanded = 0;
             for (int r = 0; r < childCount(tree); ++r)
@@ -423,6 +419,33 @@ private Q_SLOTS:
         QCOMPARE(expandedRoots(), childCount(tree));
         click(shown, u"cmdCollapse"_s);
         QCOMPARE(expandedRoots(), 0);
+    }
+
+    void expandAndCollapseEveryNode_data() { addCases(); }
+    void expandAndCollapseEveryNode()
+    {
+        QFETCH(QString, form);
+        const BrowserCase &c = caseNamed(form);
+        QWidget *shown = openBrowser(c);
+        expandAndCollapse(shown, treeOf(shown, c));
+    }
+
+    // Thousands of roots and books: Expand, Collapse and Exit from an expanded tree all end
+    // (they once took minutes, hashing the tree's nodes into a few buckets).
+    void expandCollapseAndExitOnALargeCatalogue_data() { addCases(); }
+    void expandCollapseAndExitOnALargeCatalogue()
+    {
+        QFETCH(QString, form);
+        const BrowserCase &c = caseNamed(form);
+        m_fixture = std::make_unique<BrowseFixture>(TestCatalogue::Content::Large);
+        QWidget *shown = m_fixture->open(c.menuEntry, c.form);
+        QVERIFY(shown);
+        const QTreeView *tree = treeOf(shown, c);
+        QVERIFY(childCount(tree) >= 100);
+        expandAndCollapse(shown, tree);
+        click(shown, u"cmdExpand"_s);
+        click(shown, u"cmdExit"_s);
+        QTRY_VERIFY(!m_fixture->frame().forms().find(c.form));
     }
 
     void editOpensThePickedBookAlone_data() { addCases(); }
