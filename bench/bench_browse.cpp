@@ -4,15 +4,15 @@
 
 #include "benchcatalogue.h"
 
-#include "books/bookforms.h"
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/shapeparser.h"
-#include "printing/dataenvironment.h"
-#include "search/bookbrowserkind.h"
-#include "search/bookdetails.h"
-#include "search/searchforms.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
+#include "forms/books/bookforms.h"
+#include "forms/search/bookbrowserkind.h"
+#include "forms/search/bookdetails.h"
+#include "forms/search/searchforms.h"
+#include "reports/dataenvironment.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -4,13 +4,13 @@
 
 #include "benchcatalogue.h"
 
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
-#include "printing/pdfexport.h"
-#include "printing/printingforms.h"
-#include "printing/reportpaginator.h"
-#include "printing/reportwindow.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
+#include "forms/printing/printingforms.h"
+#include "forms/printing/reportwindow.h"
+#include "reports/pdfexport.h"
+#include "reports/reportpaginator.h"
 
 #include <QAction>
 #include <QApplication>
