@@ -2,6 +2,7 @@
 
 #include "data/connectionstring.h"
 #include "data/runtimeerror.h"
+#include "printing/numberformat.h"
 #include "shell/msgbox.h"
 
 #include <QLocale>
@@ -22,8 +23,8 @@ Connection &Session::sharedConnection() const
 
 void Session::setPriceFormat(const QLocale &locale)
 {
-    strCurrencySymbol = currencySymbol(locale);
-    strPriceFormat = strCurrencySymbol + u"###,##0.00"_s;
+    strCurrencySymbol = CurrencySymbol(locale);
+    strPriceFormat = PriceFormat(locale);
 }
 
 void Session::clear()
@@ -32,12 +33,6 @@ void Session::clear()
         cnnCatalogue->close();
     cnnCatalogue.reset();
     strCataloguePath.clear();
-}
-
-QString currencySymbol(const QLocale &locale)
-{
-    // Where the locale writes its symbol after the number this is a digit, as it always was.
-    return locale.toCurrencyString(1.0).left(1);
 }
 
 bool CatalogueIsOpen(const Session &session)

@@ -15,7 +15,8 @@ struct Session
     QString strCataloguePath;
     // The one shared connection every form uses for statements it runs in code.
     std::unique_ptr<Connection> cnnCatalogue;
-    // The reports' price format: the locale's currency symbol followed by "###,##0.00".
+    // The locale's currency symbol, and the reports' price format, which places it as the
+    // locale does (PriceFormat).
     QString strCurrencySymbol;
     QString strPriceFormat;
     // Set by the search and browsers before they reload the book form, which consumes it.
@@ -32,9 +33,6 @@ struct Session
     // Back to "no catalogue": the shared connection is closed and released.
     void clear();
 };
-
-// The first character of the number 1 written in the locale's currency format.
-QString currencySymbol(const QLocale &locale);
 
 // The guard of every task command: says so, and answers false, when no catalogue is open.
 bool CatalogueIsOpen(const Session &session);
