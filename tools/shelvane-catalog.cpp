@@ -13,6 +13,7 @@
 #include "reports/dataenvironment.h"
 #include "reports/labelreports.h"
 #include "reports/labeltable.h"
+#include "reports/numberformat.h"
 #include "reports/pdfexport.h"
 #include "reports/reportpaginator.h"
 
@@ -222,9 +223,8 @@ ReportDocument loadReport(const QString &by, const QString &cataloguePath)
         ReportDocument document = labels
             ? loadLabelSheet(cataloguePath, *deShelvane)
             : LoadCatalogueListing(listing, *deShelvane, cataloguePath);
-        // As the report window does when it becomes active.
-        const QString priceFormat = QLocale().toCurrencyString(1.0).left(1) + u"###,##0.00"_s;
-        document.definition.applyPriceFormat(priceFormat);
+        // As the report window does when it becomes active, with the session's price format.
+        document.definition.applyPriceFormat(PriceFormat(QLocale()));
         return document;
     } catch (const ProviderError &e) {
         throw ReportError{u"%1: %2"_s.arg(cataloguePath, e.description)};

@@ -13,6 +13,7 @@
 #include "data/runtimeerror.h"
 #include "recordform/msgbox.h"
 #include "recordform/runtimeerrorreport.h"
+#include "reports/numberformat.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -172,7 +173,7 @@ void FrmOpen::openCatalogue(const QString &path)
     MsgBox(u"Quireshelf Sucessfully opened"_s, Vb::OKOnly, u"Shelvane"_s);
     try {
         m_frame.connectCatalogue();
-        session.setPriceFormat(QLocale());
+        SetPriceFormat(session, QLocale());
         m_frame.showCatalogueName(catalogueName(*session.cnnCatalogue));
     } catch (const ProviderError &error) {
         abandonOpen();

@@ -3,8 +3,6 @@
 #include "data/connectionstring.h"
 #include "data/runtimeerror.h"
 
-#include <QLocale>
-
 using namespace Qt::StringLiterals;
 
 QString Session::connectionString() const
@@ -19,22 +17,10 @@ Connection &Session::sharedConnection() const
     return *cnnCatalogue;
 }
 
-void Session::setPriceFormat(const QLocale &locale)
-{
-    strCurrencySymbol = currencySymbol(locale);
-    strPriceFormat = strCurrencySymbol + u"###,##0.00"_s;
-}
-
 void Session::clear()
 {
     if (cnnCatalogue)
         cnnCatalogue->close();
     cnnCatalogue.reset();
     strCataloguePath.clear();
-}
-
-QString currencySymbol(const QLocale &locale)
-{
-    // Where the locale writes its symbol after the number this is a digit, as it always was.
-    return locale.toCurrencyString(1.0).left(1);
 }

@@ -6,8 +6,6 @@
 
 #include <memory>
 
-class QLocale;
-
 // What the program knows about the open catalogue. An empty path means that no catalogue is
 // open; while the path is set, cnnCatalogue is open on that file.
 struct Session
@@ -15,7 +13,8 @@ struct Session
     QString strCataloguePath;
     // The one shared connection every form uses for statements it runs in code.
     std::unique_ptr<Connection> cnnCatalogue;
-    // The reports' price format: the locale's currency symbol followed by "###,##0.00".
+    // The locale's currency symbol, and the reports' price format, which places it as the
+    // locale does (PriceFormat).
     QString strCurrencySymbol;
     QString strPriceFormat;
     // Set by the search and browsers before they reload the book form, which consumes it.
@@ -28,10 +27,6 @@ struct Session
     Connection &sharedConnection() const;
     // The run-time connection string every form gives its data controls.
     QString connectionString() const;
-    void setPriceFormat(const QLocale &locale);
     // Back to "no catalogue": the shared connection is closed and released.
     void clear();
 };
-
-// The first character of the number 1 written in the locale's currency format.
-QString currencySymbol(const QLocale &locale);

@@ -2,9 +2,8 @@
 
 #include "data/connection.h"
 #include "data/recordset.h"
+#include "data/sqlnumber.h"
 #include "data/transactionguard.h"
-
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -41,16 +40,15 @@ const QList<LabelColumn> &labelColumns()
     return columns;
 }
 
-// A number as the platform writes it in text: the locale's decimal mark, no grouping.
+// A number in SQL's form whatever the locale, so that a decimal comma never splits a value in
+// two; text stays as it stands.
 QString numberText(const QVariant &value)
 {
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
     if (!isNumber || value.typeId() == QMetaType::QString)
         return value.toString();
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    return locale.toString(number, 'g', 15);
+    return SqlNumber(number);
 }
 
 QString quoted(const QVariant &value)

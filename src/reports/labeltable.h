@@ -10,8 +10,9 @@ class Recordset;
 
 // One label's thirteen values as they stand in the INSERT statement, in the label order:
 // texts quoted with their apostrophes doubled (NULL when null, except the description),
-// numbers and yes/no values as their text, the publication date last with no comma after
-// it (a null one is "NULL," and so breaks the statement, as it always has).
+// numbers in SQL's form whatever the locale, yes/no values as their words, the publication
+// date last with no comma after it (a null one is "NULL," and so breaks the statement, as it
+// always has).
 QString LabelValues(const Recordset &labels, int row);
 
 // Empties tblLabelTable and fills it afresh. Throws ProviderError when a statement fails,

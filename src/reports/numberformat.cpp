@@ -1,5 +1,7 @@
 #include "reports/numberformat.h"
 
+#include "catalogue/session.h"
+
 #include <QLocale>
 
 #include <cmath>
@@ -39,6 +41,19 @@ QString literalFrom(const QString &format, qsizetype &i)
         }
     }
     return text;
+}
+
+// Text that prints as it stands: a character the format would read as a digit, a quote or an
+// escape (the point of the Danish "kr.") is escaped.
+QString literal(const QString &text)
+{
+    QString escaped;
+    for (const QChar c : text) {
+        if (isDigitPlaceholder(c) || c == u'"' || c == u'\\')
+            escaped += u'\\';
+        escaped += c;
+    }
+    return escaped;
 }
 
 NumberPattern patternOf(const QString &format)
@@ -91,5 +106,30 @@ QString FormatNumber(const QVariant &value, const QString &format)
     const QString digits = locale.toString(rounded(std::abs(number), pattern.decimals), 'f',
                                            pattern.decimals);
     const bool negative = number < 0 && digits != locale.toString(0.0, 'f', pattern.decimals);
-    return (negative ? u"-"_s : QString()) + pattern.prefix + digits + pattern.suffix;
+    const QString sign = negative ? locale.negativeSign() : QString();
+    return sign + pattern.prefix + digits + pattern.suffix;
+}
+
+QString CurrencySymbol(const QLocale &locale)
+{
+    const QString symbol = locale.currencySymbol();
+    return symbol.isEmpty() ? locale.currencySymbol(QLocale::CurrencyIsoCode) : symbol;
+}
+
+QString PriceFormat(const QLocale &locale)
+{
+    const QString digits = u"###,##0.00"_s;
+    const QString symbol = CurrencySymbol(locale);
+    const QString one = locale.toString(1.0, 'f', 2);
+    const QString shown = locale.toCurrencyString(1.0, symbol, 2);
+    const qsizetype at = shown.indexOf(one);
+    if (symbol.isEmpty() || at < 0)
+        return digits;
+    return literal(shown.left(at)) + digits + literal(shown.sliced(at + one.size()));
+}
+
+void SetPriceFormat(Session &session, const QLocale &locale)
+{
+    session.strCurrencySymbol = CurrencySymbol(locale);
+    session.strPriceFormat = PriceFormat(locale);
 }

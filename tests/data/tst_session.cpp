@@ -1,10 +1,14 @@
 // The shared connection as the forms reach it, also in the state a compaction leaves when
-// another program held the catalogue: the path kept, no connection.
+// another program held the catalogue: the path kept, no connection. The currency symbol and
+// price format of every locale.
 
+#include "catalogue/session.h"
 #include "catalogue/session.h"
 #include "data/connection.h"
 #include "data/recordset.h"
 #include "data/runtimeerror.h"
+#include "reports/numberformat.h"
+#include "support/moneylocales.h"
 #include "support/testcatalogue.h"
 
 #include <QTest>
@@ -39,6 +43,18 @@ private Q_SLOTS:
             QCOMPARE(error.number, 91);
             QCOMPARE(error.description, u"Object variable or With block variable not set"_s);
         }
+    }
+
+    void priceFormatPlacesTheLocalesSymbol_data() { AddMoneyLocaleRows(); }
+
+    void priceFormatPlacesTheLocalesSymbol()
+    {
+        QFETCH(int, locale);
+        const MoneyLocale &money = MoneyLocales().at(locale);
+        Session session;
+        SetPriceFormat(session, money.locale);
+        QCOMPARE(session.strCurrencySymbol, money.symbol);
+        QCOMPARE(session.strPriceFormat, money.priceFormat);
     }
 };
 

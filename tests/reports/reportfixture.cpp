@@ -59,14 +59,14 @@ bool SavePdfPictures(const QString &pdfPath, const QString &name, int first, int
     return process.waitForFinished(60000) && process.exitCode() == 0;
 }
 
-ToolRun RunCatalogueTool(const QStringList &arguments)
+ToolRun RunCatalogueTool(const QStringList &arguments, const QString &lang)
 {
     static QTemporaryDir runtime; // the platform wants a private runtime folder
     QFile::setPermissions(runtime.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner
                                               | QFileDevice::ExeOwner);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"LANG"_s, u"en_GB.UTF-8"_s);
-    environment.insert(u"LC_ALL"_s, u"en_GB.UTF-8"_s);
+    environment.insert(u"LANG"_s, lang);
+    environment.insert(u"LC_ALL"_s, lang);
     environment.insert(u"XDG_RUNTIME_DIR"_s, runtime.path());
     environment.remove(u"DISPLAY"_s);
     environment.remove(u"QT_QPA_PLATFORM"_s);

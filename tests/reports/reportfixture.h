@@ -43,11 +43,12 @@ QString PdfText(const QString &pdfPath);
 // Pictures of pages of a PDF, saved beside the tests' screenshots as <name>-<n>.png.
 bool SavePdfPictures(const QString &pdfPath, const QString &name, int first, int last);
 
-// Runs the catalogue tool in the en_GB locale, with no display.
+// Runs the catalogue tool in a locale (LANG and LC_ALL), en_GB unless told, with no display.
 struct ToolRun
 {
     int status = -1;
     QString out;
     QString err;
 };
-ToolRun RunCatalogueTool(const QStringList &arguments);
+ToolRun RunCatalogueTool(const QStringList &arguments,
+                         const QString &lang = QStringLiteral("en_GB.UTF-8"));

@@ -1,6 +1,8 @@
-// The number formats of the reports' text boxes, in the en_GB locale.
+// The number formats of the reports' text boxes, in the en_GB locale, and the price format
+// of every locale.
 #include "reportfixture.h"
 #include "reports/numberformat.h"
+#include "support/moneylocales.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,6 +11,8 @@ class TestNumberFormat : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
+
     void formats_data()
     {
         QTest::addColumn<QVariant>("value");
@@ -35,6 +39,49 @@ private Q_SLOTS:
         QFETCH(QVariant, value);
         QFETCH(QString, format);
         QFETCH(QString, printed);
+        QCOMPARE(FormatNumber(value, format), printed);
+    }
+
+    void priceFormatOfTheLocale_data() { AddMoneyLocaleRows(); }
+
+    // The stored amount to two decimals with the locale's marks, and its symbol where the
+    // locale puts it: never a digit that is not in the price.
+    void priceFormatOfTheLocale()
+    {
+        QFETCH(int, locale);
+        const MoneyLocale &money = UseMoneyLocale(locale);
+        QCOMPARE(CurrencySymbol(money.locale), money.symbol);
+        QCOMPARE(PriceFormat(money.locale), money.priceFormat);
+        for (qsizetype i = 0; i < MoneyAmounts.size(); ++i)
+            QCOMPARE(FormatNumber(MoneyAmounts.at(i), PriceFormat(QLocale())), money.printed.at(i));
+    }
+
+    void priceFormatOfOtherLocales_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("printed");
+        // The point of "kr." would be read as a decimal point unless escaped.
+        QTest::newRow("da_DK") << u"da_DK"_s << u"###,##0.00\u00A0kr\\."_s << -1234.5
+                               << u"-1.234,50\u00A0kr."_s;
+        QTest::newRow("sv_SE minus sign") << u"sv_SE"_s << u"###,##0.00\u00A0kr"_s << -3.5
+                                          << u"\u22123,50\u00A0kr"_s;
+        QTest::newRow("nb_NO symbol before") << u"nb_NO"_s << u"kr\u00A0###,##0.00"_s << 8400.0
+                                             << u"kr\u00A08\u00A0400,00"_s;
+        // No symbol of its own: the currency's code, as its currency format shows.
+        QTest::newRow("it_CH") << u"it_CH"_s << u"###,##0.00\u00A0CHF"_s << 8400.0
+                               << u"8\u2019400.00\u00A0CHF"_s;
+    }
+
+    void priceFormatOfOtherLocales()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, format);
+        QFETCH(double, value);
+        QFETCH(QString, printed);
+        QCOMPARE(PriceFormat(QLocale(name)), format);
+        QLocale::setDefault(QLocale(name));
         QCOMPARE(FormatNumber(value, format), printed);
     }
 };

@@ -20,5 +20,5 @@ QString TextOfNumber(double number)
 {
     QLocale locale;
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    return locale.toString(number, 'g', QLocale::FloatingPointShortest);
+    return locale.toString(number, 'f', QLocale::FloatingPointShortest);
 }

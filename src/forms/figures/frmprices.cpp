@@ -5,6 +5,7 @@
 #include "catalogue/session.h"
 #include "data/fieldformat.h"
 #include "data/recordset.h"
+#include "data/sqlnumber.h"
 #include "data/transactionguard.h"
 #include "forms/figures/figuretext.h"
 #include "recordform/keyfilters.h"
@@ -12,7 +13,6 @@
 #include "recordform/msgbox.h"
 #include "recordform/runtimeerrorreport.h"
 #include "ui_frmprices.h"
-
 
 #include <optional>
 
@@ -100,15 +100,14 @@ void FrmPrices::on_cmdUpdate_clicked()
 }
 
 // One statement multiplies every price; applying twice multiplies twice. The factor is
-// written as the locale writes a number, so a decimal comma breaks the statement and no
-// price changes.
+// written in SQL's form, as a decimal comma would break the statement.
 void FrmPrices::applyIncrease()
 {
     const double increase = NumberOfText(ui->txtIncrease->text());
     const double factor = (increase + 100) / 100;
     Connection &catalogue = m_session.sharedConnection();
     TransactionGuard transaction(catalogue);
-    catalogue.execute(UpdatePrices + TextOfNumber(factor), CommandType::Text);
+    catalogue.execute(UpdatePrices + SqlNumber(factor), CommandType::Text);
     transaction.commit();
     carryCurrentValueForward(increase);
     ui->txtTestValue->clear();

@@ -1,5 +1,6 @@
 #include "forms/search/listviewroutines.h"
 
+#include "data/moneyreader.h"
 #include "forms/search/booklistingmodel.h"
 
 #include <QDate>
@@ -24,35 +25,27 @@ BookListingModel &listingOf(const QTreeView *list)
     return *qobject_cast<BookListingModel *>(list->model());
 }
 
-// What a shown text stands for, written with the locale's symbols (an amount may carry the
-// currency symbol and group separators); 0 when it stands for nothing. The symbols are looked
-// up once for all rows, and the plain number left is read without the locale, which is many
-// times quicker for a list of thousands.
+// What a shown text stands for: an amount as the locale shows money, or a date; 0 when it
+// stands for nothing. The locale's marks are looked up once for all rows.
 class ShownValue
 {
 public:
     explicit ShownValue(bool isDate)
         : m_isDate(isDate)
-        , m_currencySymbol(m_locale.currencySymbol())
-        , m_groupSeparator(m_locale.groupSeparator())
-        , m_decimalPoint(m_locale.decimalPoint())
     {
     }
 
-    double operator()(QString text) const
+    double operator()(const QString &text) const
     {
         if (m_isDate)
             return m_locale.toDate(text, QLocale::ShortFormat).toJulianDay();
-        text.remove(m_currencySymbol).remove(m_groupSeparator).replace(m_decimalPoint, u"."_s);
-        return text.trimmed().toDouble();
+        return m_amount(text).value_or(0);
     }
 
 private:
     QLocale m_locale;
     bool m_isDate;
-    QString m_currencySymbol;
-    QString m_groupSeparator;
-    QString m_decimalPoint;
+    MoneyReader m_amount{m_locale};
 };
 
 // The first column also holds the check box.

@@ -7,6 +7,7 @@
 #include "app/mainframe.h"
 #include "forms/books/frmbookmaintenance.h"
 #include "support/finders.h"
+#include "support/moneylocales.h"
 #include "support/screenshot.h"
 #include "support/testmain.h"
 
@@ -95,6 +96,7 @@ class TestBookEdit : public QObject
 
 private Q_SLOTS:
     void init() { TestEnvironment::clearSettings(); }
+    void cleanup() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
 
     void clearingTheTitleAndTabbingAwayIsRefused()
     {
@@ -296,6 +298,29 @@ private Q_SLOTS:
         QCOMPARE(Shown(form, u"txtPrice"_s), u"£12.50"_s);
         for (const QString &field : MandatoryFields)
             QCOMPARE(base(form, field), White);
+    }
+
+    void typedPriceIsStoredInEveryLocale_data() { AddMoneyLocaleRows(); }
+
+    // The price box lets only a point through, so "12.50" is twelve and a half wherever the
+    // locale writes a decimal comma; it then shows in the locale's money.
+    void typedPriceIsStoredInEveryLocale()
+    {
+        QFETCH(int, locale);
+        const MoneyLocale &money = UseMoneyLocale(locale);
+        BookFormFixture fixture;
+        SetBookPrompt(u"AddNewPrompt"_s, u"N"_s);
+        FrmBookMaintenance *form = fixture.showBooks();
+        Click(control(form, u"cmdAdd"_s));
+        fillMandatory(form, 6);
+        fixture.responder().expect(Message(u"Add New Book"_s, AddedText));
+        Click(control(form, u"cmdConfirmAdd"_s));
+        QCOMPARE(fixture.responder().finish(), QString());
+        QCOMPARE(fixture.catalogue()
+                     .scalar(u"select BookPrice from tblBook where BookDescription = 'Zebra Crossings'"_s)
+                     .toDouble(),
+                 12.5);
+        QCOMPARE(Shown(form, u"txtPrice"_s), money.shown().at(5)); // 12.50
     }
 
     void confirmChecksTheFieldsInOrder_data()

@@ -7,6 +7,7 @@
 #include "support/finders.h"
 #include "support/formdriver.h"
 #include "support/modalresponder.h"
+#include "support/moneylocales.h"
 #include "support/screenshot.h"
 #include "support/testmain.h"
 
@@ -52,6 +53,8 @@ class TestBookStats : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
+
     void formShowsItsCaptionsAndLabels();
     void menuEntryDisabledWhileOpen();
     void figuresMatchTheCatalogueFile();
@@ -60,6 +63,8 @@ private Q_SLOTS:
     void noDatedBookLeavesOldestEmpty();
     void nullPriceCountedButNotSummed();
     void totalAboveAThousandIsGrouped();
+    void moneyInEveryLocale_data();
+    void moneyInEveryLocale();
     void figuresAreThoseOfTheMomentOfLoading();
     void moneyIsRightAligned();
     void helpOpensTheFormsTopic();
@@ -172,6 +177,32 @@ void TestBookStats::totalAboveAThousandIsGrouped()
     QVERIFY(form);
     QCOMPARE(shownFigures(form), (QStringList{u"2"_s, u"£1,234.50"_s, u"£617.25"_s,
                                               u"£1,000.00"_s, u"£234.50"_s, u"1790"_s}));
+}
+
+void TestBookStats::moneyInEveryLocale_data()
+{
+    AddMoneyLocaleRows();
+}
+
+// The money boxes in the locale's currency format, whatever side its symbol stands on.
+void TestBookStats::moneyInEveryLocale()
+{
+    QFETCH(int, locale);
+    const MoneyLocale &money = UseMoneyLocale(locale);
+    CatalogueOfBooks books({{u"Folio"_s, 8400.0, 1790},
+                            {u"Quarto"_s, 1120.0, 1801},
+                            {u"Octavo"_s, 11.25, 1850},
+                            {u"Pamphlet"_s, 0.5, 1901},
+                            {u"Gift"_s, 0.0, 0}});
+    QVERIFY2(books.problems().isEmpty(), qPrintable(books.problems()));
+    QWidget *form = openStatistics();
+    QVERIFY(form);
+    const QStringList shown = money.shown();
+    // Shown: 8,400, 1,120, 11.25, 0.5, 0, 12.50, 1,234.56, the sum 9,531.75, the average 1,906.35.
+    QCOMPARE(shownFigures(form),
+             (QStringList{u"5"_s, shown.at(7), shown.at(8), shown.at(0), shown.at(4), u"1790"_s}));
+    if (money.name == u"de_DE")
+        QVERIFY(!SaveScreenshot(form->parentWidget(), u"frmBookStats-de_DE"_s).isEmpty());
 }
 
 void TestBookStats::figuresAreThoseOfTheMomentOfLoading()

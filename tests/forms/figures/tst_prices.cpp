@@ -7,6 +7,7 @@
 #include "support/finders.h"
 #include "support/formdriver.h"
 #include "support/modalresponder.h"
+#include "support/moneylocales.h"
 #include "support/screenshot.h"
 #include "support/testmain.h"
 
@@ -119,8 +120,12 @@ private Q_SLOTS:
     void changedPercentageAfterPreviewIsApplied();
     void applyingTwiceAppliesTheFactorTwice();
     void fallUsesItsShortestFactor();
+    void plainValueAboveAMillionHasNoExponent();
     void emptyCatalogueIsWorthNothing();
-    void decimalCommaBreaksTheStatement();
+    void revaluationAppliesInEveryLocale_data();
+    void revaluationAppliesInEveryLocale();
+    void previewReadsTheLocalesMoneyBack_data();
+    void previewReadsTheLocalesMoneyBack();
     void textThatIsNoNumberIsReportedOnce();
     void helpOpensTheFormsTopic();
 };
@@ -330,6 +335,21 @@ void TestPrices::fallUsesItsShortestFactor()
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"975"_s);
 }
 
+// The plain number is written out in full, as it is read back by the next preview.
+void TestPrices::plainValueAboveAMillionHasNoExponent()
+{
+    CatalogueOfBooks books({{u"Codex"_s, 2000000.0, 1450}});
+    QVERIFY2(books.problems().isEmpty(), qPrintable(books.problems()));
+    QWidget *form = openPrices();
+    QVERIFY(form);
+    ModalResponder responder;
+    apply(form, u"5"_s);
+    QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"2100000"_s);
+    preview(form, u"0"_s);
+    QCOMPARE(responder.finish(200), QString());
+    QCOMPARE(BoxText(form, u"txtTestValue"_s), u"£2,100,000.00"_s);
+}
+
 void TestPrices::emptyCatalogueIsWorthNothing()
 {
     CatalogueOfBooks books({});
@@ -345,24 +365,76 @@ void TestPrices::emptyCatalogueIsWorthNothing()
     QCOMPARE(BoxText(form, u"txtCurrValue"_s), u"£0.00"_s);
 }
 
-void TestPrices::decimalCommaBreaksTheStatement()
+void TestPrices::revaluationAppliesInEveryLocale_data()
 {
+    QTest::addColumn<int>("locale");
+    QTest::addColumn<QString>("increase");
+    QTest::addColumn<QList<double>>("once");
+    QTest::addColumn<double>("valueOnce");
+    QTest::addColumn<QList<double>>("twice");
+    QTest::addColumn<double>("valueTwice");
+    for (int i = 0; i < MoneyLocales().size(); ++i) {
+        const QString name = MoneyLocales().at(i).name;
+        QTest::newRow(qPrintable(name + u", 5"_s)) << i << u"5"_s << QList<double>{630, 420} << 1050.0
+                                    << QList<double>{661.5, 441} << 1102.5;
+        QTest::newRow(qPrintable(name + u", -2.5"_s)) << i << u"-2.5"_s << QList<double>{585, 390} << 975.0
+                                       << QList<double>{570.375, 380.25} << 950.625;
+    }
+}
+
+// The factor goes into the statement in SQL's form, and the percentage is typed with a point
+// whatever the locale (its key filter lets no comma through). Without a preview the value
+// shown is a plain number with the locale's decimal mark, which the next apply reads back.
+void TestPrices::revaluationAppliesInEveryLocale()
+{
+    QFETCH(int, locale);
+    QFETCH(QString, increase);
+    QFETCH(QList<double>, once);
+    QFETCH(double, valueOnce);
+    QFETCH(QList<double>, twice);
+    QFETCH(double, valueTwice);
+    UseMoneyLocale(locale);
+    const auto plain = [](double value) {
+        return QString::number(value).replace(u'.', QLocale().decimalPoint());
+    };
     TwoBooks books;
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     QWidget *form = books.openForm();
     QVERIFY2(form, qPrintable(books.problems()));
-    const QString shown = BoxText(form, u"txtCurrValue"_s);
-    QCOMPARE(shown, QLocale().toCurrencyString(1000.0, QLocale().currencySymbol(), 2));
     ModalResponder responder;
-    Retype(box(form, u"txtIncrease"_s), u"5,5"_s);
-    QCOMPARE(BoxText(form, u"txtIncrease"_s), u"55"_s);
-    Retype(box(form, u"txtIncrease"_s), u"5"_s);
-    responder.expect(runtimeError(u"Run-time error '3075':\r\n\r\nnear \"05\": syntax error"_s));
+    apply(form, increase);
+    QCOMPARE(books.prices(), once);
+    QCOMPARE(BoxText(form, u"txtCurrValue"_s), plain(valueOnce));
+    apply(form, increase);
+    QCOMPARE(books.prices(), twice);
+    QCOMPARE(BoxText(form, u"txtCurrValue"_s), plain(valueTwice));
+    QCOMPARE(books.sellPrices(), 110.0);
+    QCOMPARE(responder.finish(200), QString());
+}
+
+void TestPrices::previewReadsTheLocalesMoneyBack_data()
+{
+    AddMoneyLocaleRows();
+}
+
+// The shown value, in the locale's currency format, is read back for the preview.
+void TestPrices::previewReadsTheLocalesMoneyBack()
+{
+    QFETCH(int, locale);
+    const MoneyLocale &money = UseMoneyLocale(locale);
+    const QString eightThousandFourHundred = money.shown().at(0);
+    CatalogueOfBooks books({{u"Folio"_s, 8000.0, 1790}});
+    QVERIFY2(books.problems().isEmpty(), qPrintable(books.problems()));
+    QWidget *form = openPrices();
+    QVERIFY(form);
+    ModalResponder responder;
+    preview(form, u"5"_s);
+    QCOMPARE(BoxText(form, u"txtTestValue"_s), eightThousandFourHundred);
     ClickButton(form, u"cmdUpdate"_s);
-    QCOMPARE(responder.finish(), QString());
-    QCOMPARE(books.prices(), (QList<double>{600.0, 400.0}));
-    QCOMPARE(BoxText(form, u"txtCurrValue"_s), shown);
-    QCOMPARE(BoxText(form, u"txtIncrease"_s), u"5"_s);
+    QCOMPARE(books.catalogue().scalar(u"select BookPrice from tblBook"_s).toDouble(), 8400.0);
+    QCOMPARE(BoxText(form, u"txtCurrValue"_s), eightThousandFourHundred);
+    preview(form, u"0"_s);
+    QCOMPARE(BoxText(form, u"txtTestValue"_s), eightThousandFourHundred);
+    QCOMPARE(responder.finish(200), QString());
 }
 
 void TestPrices::textThatIsNoNumberIsReportedOnce()

@@ -8,6 +8,7 @@
 #include "forms/search/booklistingmodel.h"
 #include "support/finders.h"
 #include "support/modalresponder.h"
+#include "support/moneylocales.h"
 #include "support/screenshot.h"
 #include "support/testmain.h"
 
@@ -21,6 +22,8 @@
 #include <QStyle>
 #include <QTextBrowser>
 #include <QTreeView>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -133,7 +136,11 @@ private Q_SLOTS:
         m_fixture = std::make_unique<BrowseFixture>();
         QVERIFY2(m_fixture->problems().isEmpty(), qPrintable(m_fixture->problems()));
     }
-    void cleanup() { m_fixture.reset(); }
+    void cleanup()
+    {
+        m_fixture.reset();
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    }
 
     void captionControlsAndHeaders()
     {
@@ -268,6 +275,36 @@ private Q_SLOTS:
         QCOMPARE(values, expected);
         QCOMPARE(listOf(form)->header()->sortIndicatorSection(), int(Price));
         QCOMPARE(listOf(form)->header()->sortIndicatorOrder(), Qt::DescendingOrder);
+    }
+
+    void priceSortsByValueInEveryLocale_data() { AddMoneyLocaleRows(); }
+
+    // Each book priced at one of the amounts in turn: the rows follow the catalogue's prices,
+    // each shown in the locale's money, whatever side its symbol stands on.
+    void priceSortsByValueInEveryLocale()
+    {
+        QFETCH(int, locale);
+        const MoneyLocale &money = UseMoneyLocale(locale);
+        for (qsizetype i = 0; i < MoneyAmounts.size(); ++i) {
+            const QString sql = u"UPDATE tblBook SET BookPrice = %1 WHERE BookID % %2 = %3"_s
+                                    .arg(QString::number(MoneyAmounts.at(i), 'f', 2))
+                                    .arg(MoneyAmounts.size())
+                                    .arg(i);
+            QCOMPARE(m_fixture->exec(sql), QString());
+        }
+        QWidget *form = openListing();
+        QVERIFY(form);
+        for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+            clickHeader(form, Price);
+            QList<double> prices;
+            for (int row = 0; row < rowsOf(form)->rowCount(); ++row) {
+                const qsizetype amount = rowsOf(form)->key(row).mid(1).toInt() % MoneyAmounts.size();
+                QCOMPARE(rowsOf(form)->text(row, Price), money.shown().at(amount));
+                prices.append(MoneyAmounts.at(amount));
+            }
+            QVERIFY(std::is_sorted(prices.cbegin(), prices.cend()) == (order == Qt::AscendingOrder));
+            QVERIFY(std::is_sorted(prices.crbegin(), prices.crend()) == (order == Qt::DescendingOrder));
+        }
     }
 
     void publishedSortsAsText()

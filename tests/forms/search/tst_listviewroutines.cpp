@@ -3,11 +3,15 @@
 
 #include "forms/search/booklistingmodel.h"
 #include "forms/search/listviewroutines.h"
+#include "support/moneylocales.h"
 #include "support/testmain.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QTreeView>
+
+#include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -47,6 +51,8 @@ class TestListViewRoutines : public QObject
     }
 
 private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
+
     void amountsSortByValue_data()
     {
         QTest::addColumn<int>("order");
@@ -73,6 +79,29 @@ private Q_SLOTS:
                                      false /* is date */);
         QCOMPARE(shown(*list, BookColumn::Price), expected);
         QVERIFY(list->updatesEnabled());
+    }
+
+    void amountsSortByValueInEveryLocale_data() { AddMoneyLocaleRows(); }
+
+    // The locale's money: its symbol before or after, its group and decimal marks.
+    void amountsSortByValueInEveryLocale()
+    {
+        QFETCH(int, locale);
+        const MoneyLocale &money = UseMoneyLocale(locale);
+        QList<BookListingRow> rows;
+        for (qsizetype i = 0; i < MoneyAmounts.size(); ++i)
+            rows.append(rowWith(int(i) + 1, BookColumn::Price, money.shown().at(i)));
+        const std::unique_ptr<QTreeView> list = listOf(rows);
+        ListViewSortOnNonStringField(list.get(), BookColumn::Price, Qt::AscendingOrder,
+                                     false /* is date */);
+        std::vector<qsizetype> byValue(MoneyAmounts.size());
+        std::iota(byValue.begin(), byValue.end(), 0);
+        std::sort(byValue.begin(), byValue.end(),
+                  [](qsizetype a, qsizetype b) { return MoneyAmounts.at(a) < MoneyAmounts.at(b); });
+        QStringList expected;
+        for (const qsizetype i : byValue)
+            expected.append(money.shown().at(i));
+        QCOMPARE(shown(*list, BookColumn::Price), expected);
     }
 
     void datesSortByDay()
