@@ -5,13 +5,13 @@
 #include "benchcatalogue.h"
 #include "bookformstatements.h"
 
-#include "books/bookforms.h"
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
-#include "shell/datacombo.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
-#include "shell/recordstatusbar.h"
+#include "forms/books/bookforms.h"
+#include "recordform/datacombo.h"
+#include "recordform/recordstatusbar.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,29 +1,32 @@
 // How quickly the book listing and the two tree browsers come up on a catalogue of 30,000
-// books, how quickly the listing sorts and closes, and how much memory they hold, beside the
-// time SQLite itself takes for the statements behind each.
+// books, how quickly the listing sorts and closes, how quickly the trees expand and collapse,
+// and how much memory they hold, beside the time SQLite itself (or a plain tree view) takes.
 
 #include "benchcatalogue.h"
 
-#include "books/bookforms.h"
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/shapeparser.h"
-#include "printing/dataenvironment.h"
-#include "search/bookbrowserkind.h"
-#include "search/bookdetails.h"
-#include "search/searchforms.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
+#include "forms/books/bookforms.h"
+#include "forms/search/bookbrowserkind.h"
+#include "forms/search/bookdetails.h"
+#include "forms/search/searchforms.h"
+#include "reports/dataenvironment.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
+#include <QStandardItemModel>
 #include <QTreeView>
 
 #include <algorithm>
 #include <cstdio>
 #include <limits>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -105,12 +108,59 @@ void measureListing(MainFrame &frame, const QSqlDatabase &db)
     reportFigure("Closing the sorted listing", closeMs, rawOrderMs, "ms");
 }
 
+// The same roots and books as a browser's tree, in Qt's own item model.
+std::unique_ptr<QStandardItemModel> plainCopy(const QAbstractItemModel &tree)
+{
+    auto copy = std::make_unique<QStandardItemModel>();
+    for (int r = 0; r < tree.rowCount(); ++r) {
+        const QModelIndex root = tree.index(r, 0);
+        auto *item = new QStandardItem(root.data().toString());
+        for (int b = 0; b < tree.rowCount(root); ++b)
+            item->appendRow(new QStandardItem(tree.index(b, 0, root).data().toString()));
+        copy->appendRow(item);
+    }
+    return copy;
+}
+
+// Expand and Collapse of a whole tree, clicked as a user would, beside a plain tree view
+// over the same rows.
+void measureExpandCollapse(MainFrame &frame, const BookBrowserKind &kind)
+{
+    QWidget *browser = frame.forms().find(kind.formName);
+    QTreeView *tree = browser->findChild<QTreeView *>(kind.tree);
+    const std::unique_ptr<QStandardItemModel> rows = plainCopy(*tree->model());
+    QTreeView plain;
+    plain.setUniformRowHeights(true);
+    plain.setModel(rows.get());
+    plain.resize(tree->size());
+    plain.show();
+    const auto clickMs = [&](const QString &button) {
+        return bestMilliseconds(1, [&] {
+            browser->findChild<QAbstractButton *>(button)->click();
+            QCoreApplication::processEvents();
+        });
+    };
+    const auto plainMs = [&](void (QTreeView::*action)()) {
+        return bestMilliseconds(1, [&] {
+            (plain.*action)();
+            QCoreApplication::processEvents();
+        });
+    };
+    const double rawExpandMs = plainMs(&QTreeView::expandAll);
+    const double rawCollapseMs = plainMs(&QTreeView::collapseAll);
+    reportFigure(qPrintable(kind.caption + u" Expand"_s), clickMs(u"cmdExpand"_s), rawExpandMs,
+                 "ms");
+    reportFigure(qPrintable(kind.caption + u" Collapse"_s), clickMs(u"cmdCollapse"_s),
+                 rawCollapseMs, "ms");
+}
+
 void measureTrees(MainFrame &frame, const QSqlDatabase &db)
 {
     for (const BookBrowserKind &kind : BookBrowserKinds()) {
         const double rawTreeMs = bestMilliseconds(3, [&] { readAll(db, kind.loadSql); });
         const double treeMs = openMilliseconds(frame, entryOf(kind), kind.formName);
         reportFigure(qPrintable(kind.caption + u" tree shown"_s), treeMs, rawTreeMs, "ms");
+        measureExpandCollapse(frame, kind);
     }
 }
 

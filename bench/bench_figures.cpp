@@ -5,11 +5,11 @@
 
 #include "benchcatalogue.h"
 
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/jetsql.h"
-#include "figures/figureforms.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
+#include "forms/figures/figureforms.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -4,13 +4,14 @@
 
 #include "benchcatalogue.h"
 
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
-#include "printing/pdfexport.h"
-#include "printing/printingforms.h"
-#include "printing/reportpaginator.h"
-#include "printing/reportwindow.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
+#include "forms/printing/printingforms.h"
+#include "forms/printing/reportwindow.h"
+#include "reports/numberformat.h"
+#include "reports/pdfexport.h"
+#include "reports/reportpaginator.h"
 
 #include <QAction>
 #include <QApplication>
@@ -71,7 +72,7 @@ int main(int argc, char **argv)
     frame.show();
     Session &session = frame.session();
     session.strCataloguePath = catalogue.path();
-    session.setPriceFormat(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    SetPriceFormat(session, QLocale(QLocale::English, QLocale::UnitedKingdom));
     session.cnnCatalogue = std::make_unique<Connection>();
     session.cnnCatalogue->open(session.connectionString());
     const QSqlDatabase db = session.cnnCatalogue->database();

@@ -5,13 +5,13 @@
 #include "benchcatalogue.h"
 #include "bookformstatements.h"
 
-#include "books/bookforms.h"
+#include "app/formregistry.h"
+#include "app/mainframe.h"
 #include "data/connection.h"
-#include "search/searchforms.h"
-#include "shell/formregistry.h"
-#include "shell/mainframe.h"
-#include "shell/promptpreference.h"
-#include "shell/recordstatusbar.h"
+#include "forms/books/bookforms.h"
+#include "forms/search/searchforms.h"
+#include "recordform/promptpreference.h"
+#include "recordform/recordstatusbar.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,6 +1,6 @@
 // Renders the program's icon into an icon theme's folders: FOLDER/NxN/apps/shelvane.png for
 // each size given.
-#include "shell/programicon.h"
+#include "app/programicon.h"
 
 #include <QDir>
 #include <QGuiApplication>

@@ -11,6 +11,8 @@ packages=(
   sqlite3 libsqlite3-dev libicu-dev
   mdbtools-dev
   fonts-liberation
+  # currency signs and dates of other scripts that Liberation has no glyph for (the yen ￥)
+  fonts-droid-fallback
   poppler-utils
   xvfb xauth
   desktop-file-utils help2man

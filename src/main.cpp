@@ -1,11 +1,11 @@
-#include "books/bookforms.h"
-#include "figures/figureforms.h"
-#include "printing/printingforms.h"
-#include "reference/registerreferenceforms.h"
-#include "search/searchforms.h"
-#include "shell/application.h"
-#include "shell/mainframe.h"
-#include "shell/programfolder.h"
+#include "app/application.h"
+#include "app/mainframe.h"
+#include "app/programfolder.h"
+#include "forms/books/bookforms.h"
+#include "forms/figures/figureforms.h"
+#include "forms/printing/printingforms.h"
+#include "forms/reference/registerreferenceforms.h"
+#include "forms/search/searchforms.h"
 
 #include <QCommandLineParser>
 #include <QTimer>

@@ -1,22 +1,23 @@
 // shelvane-catalog: makes, checks, imports, backs up and restores Shelvane catalogue files.
+#include "catalogue/cataloguebackups.h"
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
 #include "catalogue/cataloguerestore.h"
 #include "catalogue/generator.h"
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
-#include "jetimport/catalogueimport.h"
-#include "data/cataloguebackups.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
 #include "data/providererror.h"
 #include "data/runtimeerror.h"
-#include "printing/cataloguereports.h"
-#include "printing/dataenvironment.h"
-#include "printing/labelreports.h"
-#include "printing/labeltable.h"
-#include "printing/pdfexport.h"
-#include "printing/reportpaginator.h"
+#include "jetimport/catalogueimport.h"
+#include "reports/cataloguereports.h"
+#include "reports/dataenvironment.h"
+#include "reports/labelreports.h"
+#include "reports/labeltable.h"
+#include "reports/numberformat.h"
+#include "reports/pdfexport.h"
+#include "reports/reportpaginator.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -253,9 +254,8 @@ ReportDocument loadReport(const QString &by, const QString &cataloguePath)
         ReportDocument document = labels
             ? loadLabelSheet(cataloguePath, *deShelvane)
             : LoadCatalogueListing(listing, *deShelvane, cataloguePath);
-        // As the report window does when it becomes active.
-        const QString priceFormat = QLocale().toCurrencyString(1.0).left(1) + u"###,##0.00"_s;
-        document.definition.applyPriceFormat(priceFormat);
+        // As the report window does when it becomes active, with the session's price format.
+        document.definition.applyPriceFormat(PriceFormat(QLocale()));
         return document;
     } catch (const ProviderError &e) {
         throw ReportError{u"%1: %2"_s.arg(cataloguePath, e.description)};

@@ -1,5 +1,7 @@
 #include "data/fieldformat.h"
 
+#include "data/moneyreader.h"
+
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
@@ -14,8 +16,9 @@ QString display(const QVariant &value, FieldFormat format)
     case FieldFormat::WholeNumber:
         return QString::number(qRound64(value.toDouble()));
     case FieldFormat::Money: {
+        // Trimmed: where the locale has no currency, Qt leaves the space beside its symbol.
         const QLocale locale;
-        return locale.toCurrencyString(value.toDouble(), locale.currencySymbol(), 2);
+        return locale.toCurrencyString(value.toDouble(), locale.currencySymbol(), 2).trimmed();
     }
     case FieldFormat::Plain:
         break;
@@ -31,16 +34,13 @@ QVariant parse(const QString &text, FieldFormat format)
     if (trimmed.isEmpty())
         return format == FieldFormat::Money ? QVariant(QMetaType::fromType<double>())
                                             : QVariant(QMetaType::fromType<qlonglong>());
-    const QLocale locale;
-    bool ok = false;
     if (format == FieldFormat::WholeNumber) {
-        const qlonglong whole = locale.toLongLong(trimmed, &ok);
+        bool ok = false;
+        const qlonglong whole = QLocale().toLongLong(trimmed, &ok);
         return ok ? QVariant(whole) : QVariant();
     }
-    QString number = trimmed;
-    number.remove(locale.currencySymbol());
-    const double amount = locale.toDouble(number.trimmed(), &ok);
-    return ok ? QVariant(amount) : QVariant();
+    const std::optional<double> amount = MoneyReader()(trimmed);
+    return amount ? QVariant(*amount) : QVariant();
 }
 
 } // namespace FieldFormats

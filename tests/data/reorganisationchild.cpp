@@ -6,7 +6,7 @@
 // STEP is the number of a Reorganisation::Step. Says how the re-organisation ended, as
 // "outcome N: reason", on its output.
 
-#include "data/reorganisation.h"
+#include "catalogue/reorganisation.h"
 
 #include <QCoreApplication>
 

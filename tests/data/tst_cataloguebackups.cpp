@@ -6,7 +6,7 @@
 #include "catalogueprobe.h"
 
 #include "catalogue/cataloguecheck.h"
-#include "data/cataloguebackups.h"
+#include "catalogue/cataloguebackups.h"
 #include "support/heldcatalogue.h"
 #include "support/immutablefolder.h"
 #include "support/testcatalogue.h"

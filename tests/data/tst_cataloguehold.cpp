@@ -1,8 +1,8 @@
 // What copies of the program hold on a catalogue: the lock that keeps a file open in one copy
 // from being replaced by another, and the watch that tells whether the catalogue changed.
 
-#include "data/cataloguehold.h"
-#include "data/cataloguelock.h"
+#include "catalogue/cataloguehold.h"
+#include "catalogue/cataloguelock.h"
 #include "data/providererror.h"
 #include "support/heldcatalogue.h"
 #include "support/immutablefolder.h"

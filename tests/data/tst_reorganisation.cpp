@@ -3,18 +3,18 @@
 // another program holding the file, a damaged file) leaves a whole catalogue under its name,
 // holding every row it held before.
 
-#include "cataloguedamage.h"
 #include "../tools/snapshot.h"
+#include "cataloguedamage.h"
 #include "catalogueprobe.h"
 
+#include "catalogue/cataloguebackups.h"
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
+#include "catalogue/compaction.h"
 #include "catalogue/generator.h"
+#include "catalogue/reorganisation.h"
 #include "catalogue/scopeddatabase.h"
-#include "data/cataloguebackups.h"
-#include "data/compaction.h"
 #include "data/providererror.h"
-#include "data/reorganisation.h"
 #include "support/heldcatalogue.h"
 #include "support/immutablefolder.h"
 

@@ -1,7 +1,7 @@
 // The program's own folder: beside the program when it can write there, otherwise in the
 // user's documents, where a first start finds an empty catalogue; and the files that come
 // with the program, found beside it or in the installed data folder.
-#include "shell/programfolder.h"
+#include "app/programfolder.h"
 #include "support/immutablefolder.h"
 #include "support/testmain.h"
 

@@ -6,8 +6,8 @@
 //   open       what a copy of Shelvane holds while it has the catalogue open, idle
 //   replacing  what a copy of Shelvane holds while it replaces the whole file
 
-#include "data/cataloguehold.h"
-#include "data/cataloguelock.h"
+#include "catalogue/cataloguehold.h"
+#include "catalogue/cataloguelock.h"
 #include "data/providererror.h"
 
 #include <QCoreApplication>

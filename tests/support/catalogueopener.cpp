@@ -1,6 +1,6 @@
 #include "support/catalogueopener.h"
 
-#include "shell/mainframe.h"
+#include "app/mainframe.h"
 #include "support/finders.h"
 #include "support/modalresponder.h"
 

@@ -1,6 +1,7 @@
 #include "support/testcatalogue.h"
 
 #include "catalogue/cataloguefile.h"
+#include "catalogue/generator.h"
 #include "catalogue/samplecollection.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
@@ -12,12 +13,31 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+CatalogueFile::Filler fillerOf(TestCatalogue::Content content)
+{
+    switch (content) {
+    case TestCatalogue::Content::Sample:
+        return SampleCollection::fill;
+    case TestCatalogue::Content::Large:
+        return [](QSqlDatabase &db) {
+            Generator::Options options;
+            options.books = TestCatalogue::GeneratedBooks;
+            Generator::fill(db, options);
+        };
+    case TestCatalogue::Content::Empty:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
 TestCatalogue::TestCatalogue(Content content)
     : m_connectionName(u"test-catalogue-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
-    CatalogueFile::create(path(), false /* overwrite */,
-                          content == Content::Sample ? CatalogueFile::Filler(SampleCollection::fill)
-                                                     : CatalogueFile::Filler());
+    CatalogueFile::create(path(), false /* overwrite */, fillerOf(content));
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connectionName);
     db.setDatabaseName(path());
     db.open();

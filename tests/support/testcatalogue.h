@@ -10,8 +10,10 @@ class TestCatalogue
 {
 public:
     // Empty: only the rows every catalogue needs. Sample: the demo collection of about sixty
-    // books that `shelvane-catalog sample` makes.
-    enum class Content { Empty, Sample };
+    // books that `shelvane-catalog sample` makes. Large: GeneratedBooks made-up books, as
+    // `shelvane-catalog generate` makes them, for what only shows on a large catalogue.
+    enum class Content { Empty, Sample, Large };
+    static constexpr int GeneratedBooks = 5000;
 
     explicit TestCatalogue(Content content = Content::Empty);
     ~TestCatalogue();

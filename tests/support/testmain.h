@@ -1,12 +1,12 @@
 #pragma once
 
-#include "shell/application.h"
+#include "app/application.h"
 #include "support/testenvironment.h"
 
 #include <QTest>
 
 // The main function of a form test: the program's own application object (run-time error
-// reports, F1 help) in the test environment. A test that uses it links shelvane_shell.
+// reports, F1 help) in the test environment. A test that uses it links shelvane_app.
 #define SHELVANE_TEST_MAIN(TestObject)                                                        \
     int main(int argc, char *argv[])                                                          \
     {                                                                                         \

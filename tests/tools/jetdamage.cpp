@@ -40,7 +40,7 @@ QList<DamagedJet> MakeDamagedJets(const QString &original, const QString &folder
     for (qsizetype page = 0; page * PageSize < bytes.size(); ++page) {
         QByteArray damaged = bytes;
         damaged.replace(page * PageSize, PageSize, QByteArray(PageSize, '\0'));
-        if (!add(u"zeroed-%1"_s.arg(page, 3, 10, u'0'), damaged, u"page %1 zeroed"_s.arg(page)))
+        if (!add(u"zeroed-%1"_s.arg(qlonglong(page), 3, 10, QChar(u'0')), damaged, u"page %1 zeroed"_s.arg(page)))
             return {};
     }
     SplitMix64 random(Seed);
@@ -53,7 +53,7 @@ QList<DamagedJet> MakeDamagedJets(const QString &original, const QString &folder
             damaged[offset] = char(random.below(256));
             where << QString::number(offset);
         }
-        if (!add(u"changed-%1"_s.arg(file, 3, 10, u'0'), damaged,
+        if (!add(u"changed-%1"_s.arg(file, 3, 10, QChar(u'0')), damaged,
                  u"%1 %2 changed at %3"_s.arg(count).arg(count == 1 ? u"byte"_s : u"bytes"_s, where.join(u", "_s))))
             return {};
     }
@@ -61,7 +61,7 @@ QList<DamagedJet> MakeDamagedJets(const QString &original, const QString &folder
         // Half of them at a page's end, where only the missing rows tell.
         const qsizetype size = file % 2 == 0 ? PageSize * random.below(int(bytes.size() / PageSize))
                                              : random.below(int(bytes.size()));
-        if (!add(u"cut-%1"_s.arg(file, 3, 10, u'0'), bytes.left(size), u"cut at %1 bytes"_s.arg(size)))
+        if (!add(u"cut-%1"_s.arg(file, 3, 10, QChar(u'0')), bytes.left(size), u"cut at %1 bytes"_s.arg(size)))
             return {};
     }
     // A page that holds a table's definition starts with 2; the bytes are the high byte of
@@ -72,7 +72,7 @@ QList<DamagedJet> MakeDamagedJets(const QString &original, const QString &folder
         for (const int at : {46, 52, 55}) {
             QByteArray damaged = bytes;
             damaged[page * PageSize + at] = char(damaged[page * PageSize + at] + 0x41);
-            if (!add(u"definition-%1-%2"_s.arg(page, 3, 10, u'0').arg(at), damaged,
+            if (!add(u"definition-%1-%2"_s.arg(qlonglong(page), 3, 10, QChar(u'0')).arg(at), damaged,
                      u"table definition on page %1 changed at byte %2"_s.arg(page).arg(at)))
                 return {};
         }

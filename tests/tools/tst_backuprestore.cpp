@@ -7,7 +7,7 @@
 #include "toolrun.h"
 
 #include "catalogue/scopeddatabase.h"
-#include "data/cataloguebackups.h"
+#include "catalogue/cataloguebackups.h"
 #include "support/heldcatalogue.h"
 #include "support/testcatalogue.h"
 

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "app/framemenus.h"
+#include "catalogue/session.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+#include <functional>
+
+class FormRegistry;
+class FrameToolbar;
+class QLabel;
+class QMdiArea;
+
+// The program's frame, MDIForm1: the menus and toolbar, the catalogue session, and the rules
+// that route every command to its form. Task commands need an open catalogue, and each task
+// form is open at most once: its menu entry stays disabled while it is loaded.
+class MainFrame : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainFrame(QWidget *parent = nullptr);
+    ~MainFrame() override;
+
+    Session &session() { return m_session; }
+    FormRegistry &forms() { return *m_forms; }
+    QMdiArea *mdiArea() const { return m_mdiArea; }
+    FrameToolbar *toolbar() const { return m_toolbar; }
+
+    // A menu entry or toolbar drop-down item by its name: "mnuBooks", "TitleRep", ...
+    QAction *action(const QString &name) const;
+
+    // What a command of another area does (a report, the labels, compaction). The frame runs
+    // the open-catalogue guard before it, and the command as an event handler: a run-time
+    // error it throws is reported and ends it. Until one is set the command does nothing more.
+    void setCommand(const QString &name, std::function<void()> command);
+
+    // "Shelvane - Open Catalogue: " + the catalogue's name, or "Shelvane" with none open.
+    void showCatalogueName(const QString &catalogueName);
+    void showNoCatalogue();
+
+    // File › Open Catalogue and the toolbar's open button.
+    void openCatalogue();
+    // File › Close Catalogue.
+    void closeCatalogue();
+    // Opens the shared connection on the session's catalogue and loads the book form hidden,
+    // as opening a catalogue does and as compaction does again afterwards.
+    void connectCatalogue();
+
+Q_SIGNALS:
+    // Every connection to the catalogue must close now (compaction is about to replace the
+    // file); the shared connection closes right after.
+    void closingConnections();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectMenus();
+    void connectWindowMenu();
+    void connectHelpMenu();
+    void registerOwnForms();
+
+    void runTaskCommand(const QString &formName, const QStringList &entries);
+    void openTaskForm(const QString &formName, const QStringList &entries);
+    void runCommand(const QString &name);
+    void onToolbarButton(const QString &key);
+    void onDropDownItem(QAction *item);
+    void printChosenForm(QAction *item);
+    void minimiseAll();
+
+    Session m_session;
+    QMdiArea *m_mdiArea;
+    FormRegistry *m_forms;
+    FrameMenus m_menus;
+    FrameToolbar *m_toolbar;
+    QLabel *m_catalogueStatus;
+    QHash<QString, std::function<void()>> m_commands;
+};

@@ -1,8 +1,0 @@
-#include "printing/reportdocument.h"
-
-#include "printing/reportpaginator.h"
-
-std::unique_ptr<ReportPaginator> ReportDocument::paginate(QDate printDate) const
-{
-    return std::make_unique<ReportPaginator>(definition, bands(definition), printDate);
-}

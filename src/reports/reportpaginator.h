@@ -1,0 +1,68 @@
+#pragma once
+
+#include "reports/bandsource.h"
+#include "reports/reportdefinition.h"
+#include "reports/reportpage.h"
+
+#include <QDate>
+#include <QHash>
+#include <QList>
+
+#include <deque>
+#include <memory>
+
+class QFontMetricsF;
+
+// Lays a report's sections out into pages, one page at a time and only as far as asked:
+// the first page of a long catalogue is ready without the rest. A section is never split
+// over two pages; a group heading moves to the next page with the first entry beneath it;
+// the report header fills the first page; page header and footer frame every page after it
+// (the footer also the first).
+class ReportPaginator
+{
+public:
+    ReportPaginator(ReportDefinition definition, std::unique_ptr<BandSource> bands,
+                    QDate printDate);
+    ~ReportPaginator();
+
+    const ReportDefinition &definition() const { return m_definition; }
+
+    // The page at `index` (from 0), laying out the pages before it first; nullptr when the
+    // report has fewer pages.
+    const ReportPage *page(int index);
+    int pagesLaidOut() const { return int(m_pages.size()); }
+    // Whether every page has been laid out, so that pagesLaidOut() is the page count.
+    bool isComplete() const { return m_complete; }
+    // Lays out every page.
+    int pageCount();
+
+private:
+    struct Band
+    {
+        int section = -1;
+        qreal height = 0;
+        QList<PageItem> items; // placed at the section's top left
+    };
+
+    bool layOutNextPage();
+    Band layOut(int section, const Recordset *records, int row, int pageNumber);
+    static bool hasValue(const Recordset *records, int row, const QString &field);
+    QString textOf(const ReportControl &control, const Recordset *records, int row,
+                   int pageNumber) const;
+    const Band *peek(size_t ahead);
+    Band take();
+    static void place(ReportPage &page, const Band &band, QPointF at);
+    const QFontMetricsF &metrics(const TextStyle &style);
+
+    ReportDefinition m_definition;
+    std::unique_ptr<BandSource> m_bands;
+    QString m_printDate;
+    int m_reportHeader, m_pageHeader, m_pageFooter, m_reportFooter;
+    bool m_reportHeaderDone = false;
+    bool m_sourceDone = false;
+    bool m_complete = false;
+    std::deque<Band> m_ahead;
+    // A deque, so that pages handed out stay where they are while more are laid out.
+    std::deque<ReportPage> m_pages;
+    QHash<QString, std::shared_ptr<QFontMetricsF>> m_metrics;
+};
