@@ -6,6 +6,7 @@
 #include "backupmessage.h"
 #include "compactionmessages.h"
 
+#include "app/helptopics.h"
 #include "app/mainframe.h"
 #include "catalogue/cataloguebackups.h"
 #include "data/recordset.h"
@@ -23,6 +24,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTest>
+#include <QTextBrowser>
 
 #include <memory>
 
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void theEleventhBackupRemovesTheOldest();
     void aFolderThatCannotTakeItIsToldOnceAndTheCatalogueCloses();
     void aChangeBeforeACompactionThatFoundTheCatalogueInUseIsKeptAtExit();
+    void helpTellsWhereTheBackupsAreAndHowToRestoreOne();
 
 private:
     MainFrame &frame() const { return m_opener->frame(); }
@@ -194,6 +197,26 @@ void TestClosingBackup::aChangeBeforeACompactionThatFoundTheCatalogueInUseIsKept
     const QStringList kept = listed();
     QCOMPARE(kept.size(), 1);
     QCOMPARE(rowsOf(kept.constFirst()), changed);
+}
+
+void TestClosingBackup::helpTellsWhereTheBackupsAreAndHowToRestoreOne()
+{
+    // The help file's number of the topic on opening and closing a catalogue.
+    constexpr int OpeningTopic = 2;
+    ShowHelpTopic(OpeningTopic);
+    QWidget *window = FindForm(u"HelpWindow"_s);
+    QVERIFY(window && QTest::qWaitForWindowExposed(window));
+    const auto *page = FindControl<QTextBrowser>(window, u"helpBrowser"_s);
+    QTRY_COMPARE(page->documentTitle(), u"Opening a catalogue"_s);
+    const QString text = page->toPlainText();
+    for (const QString &said :
+         {u"Backups"_s, u"QuireshelfCatalog01 2024-05-01 14-03-59.mdb"_s,
+          u"No backup copy of the catalogue could be made in"_s, u"shelvane-catalog restore"_s,
+          u"shelvane-catalog backup"_s, u"Two copies of Shelvane"_s})
+        QVERIFY2(text.contains(said), qPrintable(said));
+    window->resize(760, 1200);
+    QVERIFY(!SaveScreenshot(window, u"HelpWindow-open"_s).isEmpty());
+    window->close();
 }
 
 SHELVANE_TEST_MAIN(TestClosingBackup)

@@ -401,7 +401,8 @@ void TestCompaction::helpTopicTellsWhatEachMessageAsks()
          {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
           u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
           u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
-          u"The re-organised copy could not be written beside"_s})
+          u"The re-organised copy could not be written beside"_s, u"Backups"_s,
+          u"No backup copy of the catalogue could be made in"_s})
         QVERIFY2(text.contains(said), qPrintable(said));
     window->resize(760, 900);
     QVERIFY(!SaveScreenshot(window, u"HelpWindow-compact"_s).isEmpty());
