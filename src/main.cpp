@@ -1,11 +1,7 @@
 #include "app/application.h"
 #include "app/mainframe.h"
 #include "app/programfolder.h"
-#include "forms/books/bookforms.h"
-#include "forms/figures/figureforms.h"
-#include "forms/printing/printingforms.h"
-#include "forms/reference/registerreferenceforms.h"
-#include "forms/search/searchforms.h"
+#include "forms/registerforms.h"
 
 #include <QCommandLineParser>
 #include <QTimer>
@@ -28,11 +24,7 @@ int main(int argc, char *argv[])
 
     // The frame alone, with no catalogue open: the user opens one with File › Open Catalogue.
     MainFrame frame;
-    RegisterReferenceForms(frame);
-    RegisterBookForms(frame);
-    RegisterSearchForms(frame);
-    RegisterFigureForms(frame);
-    RegisterPrintingForms(frame);
+    RegisterAllForms(frame);
     frame.show();
 
     if (parser.isSet(screenshot)) {

@@ -191,8 +191,12 @@ void FrmOpen::openCatalogue(const QString &path)
 // another try.
 void FrmOpen::abandonOpen()
 {
-    if (QWidget *books = m_frame.forms().find(u"frmBookMaintenance"_s))
-        m_frame.forms().unload(books);
+    FormRegistry &forms = m_frame.forms();
+    for (QWidget *form : forms.loadedForms()) {
+        const FormEntry *entry = forms.entryOf(form);
+        if (entry && entry->loadedWithCatalogue)
+            forms.unload(form);
+    }
     m_frame.session().clear();
     m_frame.showNoCatalogue();
 }
