@@ -1,6 +1,7 @@
 // shelvane-catalog export and import-csv as a person runs them: the export read back by
 // Python's csv module, the round trip through the tool, a dry run, statuses and messages.
 #include "support/testcatalogue.h"
+#include "support/toolrun.h"
 #include "transfertestbooks.h"
 
 #include <QDir>
@@ -8,7 +9,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -17,31 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Run
-{
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-Run runProgram(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    Run run;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return run;
-    run.status = process.exitCode();
-    run.out = QString::fromUtf8(process.readAllStandardOutput());
-    run.err = QString::fromUtf8(process.readAllStandardError());
-    return run;
-}
-
-Run runTool(const QStringList &arguments)
-{
-    return runProgram(qEnvironmentVariable("SHELVANE_TOOL"), arguments);
-}
 
 // The file as Python's csv module reads it: a list of rows, each a dict by header.
 const QString readBack = uR"(
@@ -127,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(exported.err, QString());
         QVERIFY(!contentOf(csvPath).startsWith("\xEF\xBB\xBF"));
 
-        const Run python = runProgram(u"python3"_s, {u"-c"_s, readBack, csvPath});
+        const Run python = runTool({u"-c"_s, readBack, csvPath}, u"python3"_s);
         QVERIFY2(python.status == 0, qPrintable(python.err));
         const QJsonArray rows = QJsonDocument::fromJson(python.out.toUtf8()).array();
         const QList<QStringList> expected = expectedRows(catalogue);
