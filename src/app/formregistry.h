@@ -21,15 +21,15 @@ enum class FormPlacement { Child, Window };
 // topic and prompts, and the commands that open it.
 struct FormEntry
 {
-    QString name;
+    QString name = {};
     FormPlacement placement = FormPlacement::Child;
-    std::function<QWidget *()> factory;
+    std::function<QWidget *()> factory = {};
     int helpTopic = 0; // 0: none of its own, F1 opens the contents
-    PromptWording addPrompt;
-    PromptWording deletePrompt;
+    PromptWording addPrompt = {};
+    PromptWording deletePrompt = {};
     // The frame's menu entry that opens the form (and so the toolbar's button or drop-down item
     // standing for that entry); both are disabled while the form is loaded, unless not.
-    QString menuEntry;
+    QString menuEntry = {};
     bool disablesEntryWhileLoaded = true;
     // Listed under File › Print while loaded.
     bool printable = false;

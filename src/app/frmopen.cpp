@@ -148,6 +148,12 @@ void FrmOpen::on_cmdFind_clicked()
     ui->txtDataBase->setText(chosen);
 }
 
+void FrmOpen::openPath(const QString &path)
+{
+    ui->txtDataBase->setText(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+    on_cmdOpen_clicked();
+}
+
 void FrmOpen::on_cmdOpen_clicked()
 {
     const QString path = ui->txtDataBase->text();
@@ -209,4 +215,11 @@ void FrmOpen::on_cmdExit_clicked()
 void FrmOpen::on_cmdHelp_clicked()
 {
     SendHelpKey(this);
+}
+
+void OpenCatalogueGiven(MainFrame &frame, const QString &path)
+{
+    frame.openCatalogue();
+    if (auto *form = qobject_cast<FrmOpen *>(frame.forms().find(u"frmOpen"_s)))
+        form->openPath(path);
 }

@@ -3,10 +3,10 @@
 #include "jetfixtures.h"
 #include "snapshot.h"
 #include "support/testcatalogue.h"
+#include "support/toolrun.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -15,27 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Run
-{
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-Run runTool(const QStringList &arguments, const QString &program = qEnvironmentVariable("SHELVANE_TOOL"))
-{
-    QProcess process;
-    process.start(program, arguments);
-    Run run;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return run;
-    run.status = process.exitCode();
-    run.out = QString::fromUtf8(process.readAllStandardOutput());
-    run.err = QString::fromUtf8(process.readAllStandardError());
-    return run;
-}
-
 
 // Read through a connection of its own, opened after the tool ran.
 int bookCount(const QString &path)
