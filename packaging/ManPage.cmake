@@ -5,7 +5,7 @@ execute_process(COMMAND "${TOOL}" --help OUTPUT_VARIABLE overview RESULT_VARIABL
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "${TOOL} --help failed")
 endif()
-string(REGEX MATCHALL "\n  [a-z]+ " command_lines "${overview}")
+string(REGEX MATCHALL "\n  [a-z-]+ " command_lines "${overview}")
 
 set(include_text "[COMMAND OPTIONS]\n")
 foreach(line IN LISTS command_lines)
@@ -25,7 +25,7 @@ set(include_file "${output_folder}/shelvane-catalog.h2m")
 file(WRITE "${include_file}" "${include_text}")
 execute_process(
     COMMAND help2man --no-info --version-string=${VERSION}
-        "--name=make, check, import, back up and restore Shelvane catalogue files"
+        "--name=make, check, import, export, back up and restore Shelvane catalogue files"
         --include=${include_file} --output=${OUTPUT} "${TOOL}"
     RESULT_VARIABLE result)
 if(NOT result EQUAL 0)

@@ -16,6 +16,7 @@ packages=(
   poppler-utils
   xvfb xauth
   desktop-file-utils help2man
+  appstream python3
 )
 
 missing=()

@@ -1,11 +1,8 @@
 #include "app/application.h"
+#include "app/frmopen.h"
 #include "app/mainframe.h"
 #include "app/programfolder.h"
-#include "forms/books/bookforms.h"
-#include "forms/figures/figureforms.h"
-#include "forms/printing/printingforms.h"
-#include "forms/reference/registerreferenceforms.h"
-#include "forms/search/searchforms.h"
+#include "forms/registerforms.h"
 
 #include <QCommandLineParser>
 #include <QTimer>
@@ -23,17 +20,20 @@ int main(int argc, char *argv[])
     const QCommandLineOption screenshot(u"screenshot"_s,
         u"Save a picture of the main window to <file> and exit."_s, u"file"_s);
     parser.addOption(screenshot);
+    parser.addPositionalArgument(u"catalogue"_s,
+        u"A catalogue to open at once, as File › Open Catalogue would open it."_s, u"[catalogue]"_s);
     parser.process(app);
     PrepareProgramFolder();
 
     // The frame alone, with no catalogue open: the user opens one with File › Open Catalogue.
     MainFrame frame;
-    RegisterReferenceForms(frame);
-    RegisterBookForms(frame);
-    RegisterSearchForms(frame);
-    RegisterFigureForms(frame);
-    RegisterPrintingForms(frame);
+    RegisterAllForms(frame);
     frame.show();
+    if (const QStringList given = parser.positionalArguments(); !given.isEmpty()) {
+        // Once the frame is on screen, so the open form's messages stand over it.
+        QTimer::singleShot(0, &frame,
+                           [&frame, path = given.constFirst()] { OpenCatalogueGiven(frame, path); });
+    }
 
     if (parser.isSet(screenshot)) {
         const QString path = parser.value(screenshot);

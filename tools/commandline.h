@@ -41,3 +41,15 @@ Arguments parseArguments(const QStringList &args, const QList<Option> &options,
 
 // "PATH --books N [--seed S] [--force]"
 QString synopsis(const QList<Option> &options, const QStringList &pathNames = {QStringLiteral("PATH")});
+
+// One command of the tool: its name, its one-line summary and --help text, its options and
+// the paths it reads, and what runs it (answering the exit status).
+struct Command
+{
+    QString name;
+    QString summary;
+    QString description;
+    QList<Option> options;
+    int (*run)(const Arguments &);
+    QStringList paths = {QStringLiteral("PATH")};
+};

@@ -6,6 +6,7 @@
 #include "catalogue/generator.h"
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
+#include "console.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
 #include "data/providererror.h"
@@ -18,23 +19,15 @@
 #include "reports/numberformat.h"
 #include "reports/pdfexport.h"
 #include "reports/reportpaginator.h"
+#include "transfercommands.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QTextStream>
 
-#include <algorithm>
-#include <cstdio>
 #include <limits>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -44,27 +37,6 @@ constexpr int ExitFailure = 1;
 constexpr int ExitUsage = 2;
 constexpr int ExitCannotImport = 2;
 const QString program = u"shelvane-catalog"_s;
-
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
-QTextStream &err()
-{
-    static QTextStream stream(stderr);
-    return stream;
-}
-
-bool stderrIsTerminal()
-{
-#ifdef Q_OS_WIN
-    return _isatty(_fileno(stderr));
-#else
-    return isatty(STDERR_FILENO);
-#endif
-}
 
 const Option force{u"--force"_s, {}, u"replace an existing file (not one Shelvane has open)"_s};
 
@@ -88,27 +60,6 @@ void printSummary(const CatalogueImport::Summary &summary)
     out() << "  " << u"time"_s.leftJustified(22) << QString::number(seconds, 'f', 2).rightJustified(8) << " s ("
           << perSecond << " rows a second)\n";
 }
-
-// One line of progress on a terminal, rewritten in place and wiped before anything else is
-// printed, so that only the problems and the summary stay on the screen.
-class ProgressLine
-{
-public:
-    void show(const QString &text)
-    {
-        err() << '\r' << text.leftJustified(m_width) << Qt::flush;
-        m_width = std::max(m_width, int(text.size()));
-    }
-    void wipe()
-    {
-        if (m_width > 0)
-            err() << '\r' << QString(m_width, u' ') << '\r' << Qt::flush;
-        m_width = 0;
-    }
-
-private:
-    int m_width = 0;
-};
 
 int runImport(const Arguments &args)
 {
@@ -291,17 +242,7 @@ int runReport(const Arguments &args)
     return 0;
 }
 
-struct Command
-{
-    QString name;
-    QString summary;
-    QString description;
-    QList<Option> options;
-    int (*run)(const Arguments &);
-    QStringList paths = {u"PATH"_s};
-};
-
-const QList<Command> commands = {
+const QList<Command> commands = QList<Command>{
     {u"create"_s, u"make an empty catalogue holding only the rows every catalogue needs"_s,
      u"Makes an empty catalogue: the tables, the stored queries and the rows every\n"
      "catalogue needs."_s,
@@ -373,7 +314,7 @@ const QList<Command> commands = {
      {{u"--by"_s, u"REPORT"_s, u"title, author, topic or labels"_s, true},
       {u"--pdf"_s, u"OUT.pdf"_s, u"the PDF file to write"_s, true}},
      runReport},
-};
+} + transferCommands();
 
 QString usageLine(const Command &command)
 {
@@ -392,7 +333,7 @@ QString programUsage()
 {
     QString text = u"Usage: %1 COMMAND [OPTIONS] PATH\n\nCommands:\n"_s.arg(program);
     for (const Command &command : commands)
-        text += u"  %1%2\n"_s.arg(command.name.leftJustified(10), command.summary);
+        text += u"  %1%2\n"_s.arg(command.name.leftJustified(12), command.summary);
     return text + u"\nRun \"%1 COMMAND --help\" for a command's options.\n"_s.arg(program);
 }
 

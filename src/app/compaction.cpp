@@ -28,12 +28,14 @@ bool userWantsToCompact()
     return MsgBox(question, Vb::YesNo | Vb::Information, u"Compact Database!"_s) == Vb::Yes;
 }
 
-// Walks the loaded forms in load order: book forms are unloaded, any other window stops the
-// command (the book forms unloaded until then stay unloaded).
+// Walks the loaded forms in load order: the forms that open with the catalogue (the book
+// form) are unloaded, any other window stops the command (the forms unloaded until then stay
+// unloaded).
 bool closeBookForms(FormRegistry &forms)
 {
     for (QWidget *form : forms.loadedForms()) {
-        if (form->objectName() == u"frmBookMaintenance" && forms.unload(form))
+        const FormEntry *entry = forms.entryOf(form);
+        if (entry && entry->loadedWithCatalogue && forms.unload(form))
             continue;
         MsgBox(u"One or more windows still open!"_s + CRLF
                    + u"Please close all open windows and try again."_s + CRLF + CRLF

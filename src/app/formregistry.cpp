@@ -1,5 +1,6 @@
 #include "app/formregistry.h"
 
+#include "app/helptopics.h"
 #include "recordform/confirmexit.h"
 #include "recordform/runtimeerrorreport.h"
 
@@ -25,14 +26,45 @@ FormRegistry::~FormRegistry()
     }
 }
 
+void FormRegistry::registerForm(FormEntry entry)
+{
+    if (entry.helpTopic)
+        RegisterHelpTopic(entry.name, entry.helpTopic);
+    RegisterPromptWording(entry.name, PromptKind::AddNew, entry.addPrompt);
+    RegisterPromptWording(entry.name, PromptKind::Delete, entry.deletePrompt);
+    const QString name = entry.name;
+    m_registrations.insert(name, std::move(entry));
+}
+
 void FormRegistry::registerForm(const QString &name, Placement placement, Factory factory)
 {
-    m_registrations.insert(name, Registration{placement, std::move(factory)});
+    FormEntry entry;
+    entry.name = name;
+    entry.placement = placement;
+    entry.factory = std::move(factory);
+    m_registrations.insert(name, std::move(entry));
 }
 
 bool FormRegistry::isRegistered(const QString &name) const
 {
     return m_registrations.contains(name);
+}
+
+const FormEntry *FormRegistry::entry(const QString &name) const
+{
+    const auto found = m_registrations.constFind(name);
+    return found == m_registrations.cend() ? nullptr : &*found;
+}
+
+const FormEntry *FormRegistry::entryOf(const QWidget *form) const
+{
+    const qsizetype index = indexOf(form);
+    return index < 0 ? nullptr : entry(m_loaded.at(index).name);
+}
+
+QList<FormEntry> FormRegistry::entries() const
+{
+    return m_registrations.values();
 }
 
 QWidget *FormRegistry::load(const QString &name)

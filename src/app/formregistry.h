@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recordform/prompttexts.h"
+
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -12,6 +14,30 @@ class QMdiArea;
 class QMdiSubWindow;
 class QWidget;
 
+// A task form lives inside the frame; frmOpen, the about box and the pickers in a window over it.
+enum class FormPlacement { Child, Window };
+
+// What an area tells the frame about one of its forms, in one place: how to make it, its help
+// topic and prompts, and the commands that open it.
+struct FormEntry
+{
+    QString name = {};
+    FormPlacement placement = FormPlacement::Child;
+    std::function<QWidget *()> factory = {};
+    int helpTopic = 0; // 0: none of its own, F1 opens the contents
+    PromptWording addPrompt = {};
+    PromptWording deletePrompt = {};
+    // The frame's menu entry that opens the form (and so the toolbar's button or drop-down item
+    // standing for that entry); both are disabled while the form is loaded, unless not.
+    QString menuEntry = {};
+    bool disablesEntryWhileLoaded = true;
+    // Listed under File › Print while loaded.
+    bool printable = false;
+    // Loaded hidden as a catalogue opens, and closed by compaction itself rather than stopping
+    // it (the book form).
+    bool loadedWithCatalogue = false;
+};
+
 // The forms the program can open, by name, and the forms loaded now, in the order they were
 // loaded. Each area registers a factory for its own forms, so the frame and the other areas
 // open a form by name without knowing its class. A form exists at most once: showing a
@@ -21,15 +47,21 @@ class FormRegistry : public QObject
     Q_OBJECT
 
 public:
-    // A task form lives inside the frame; frmOpen and the about box in a window over it.
-    enum class Placement { Child, Window };
+    using Placement = FormPlacement;
     using Factory = std::function<QWidget *()>;
 
     FormRegistry(QWidget *frame, QMdiArea *area);
     ~FormRegistry() override;
 
+    // Registers the form, its help topic and its prompts' wording.
+    void registerForm(FormEntry entry);
     void registerForm(const QString &name, Placement placement, Factory factory);
     bool isRegistered(const QString &name) const;
+    // What was registered under that name; nullptr for none.
+    const FormEntry *entry(const QString &name) const;
+    // What was registered for a loaded form; nullptr for a form not loaded here.
+    const FormEntry *entryOf(const QWidget *form) const;
+    QList<FormEntry> entries() const;
 
     // The loaded form of that name, loaded now (and left hidden) when it was not; nullptr
     // when no area has registered it.
@@ -56,11 +88,6 @@ Q_SIGNALS:
     void formUnloaded(const QString &name);
 
 private:
-    struct Registration
-    {
-        Placement placement;
-        Factory factory;
-    };
     struct Loaded
     {
         QString name;
@@ -79,6 +106,6 @@ private:
 
     QWidget *m_frame;
     QMdiArea *m_area;
-    QHash<QString, Registration> m_registrations;
+    QHash<QString, FormEntry> m_registrations;
     QList<Loaded> m_loaded;
 };

@@ -28,6 +28,13 @@ void addItem(FrameMenus &menus, QWidget *menu, const QString &name, const QStrin
     menus.items.insert(name, action);
 }
 
+// An entry that needs an open catalogue.
+void addTaskItem(FrameMenus &menus, QWidget *menu, const QString &name, const QString &caption)
+{
+    addItem(menus, menu, name, caption);
+    menus.taskEntries.append(name);
+}
+
 void addSeparator(QMenu *menu, const QString &name)
 {
     menu->addSeparator()->setObjectName(name);
@@ -37,13 +44,13 @@ void buildFile(FrameMenus &menus, QMenuBar *bar)
 {
     QMenu *file = addMenu(bar, u"mnuFile"_s, u"File"_s);
     addItem(menus, file, u"mnuOpen"_s, u"Open Catalogue"_s);
-    addItem(menus, file, u"mnuFileCompactDatabase"_s, u"Compact Catalogue"_s);
+    addTaskItem(menus, file, u"mnuFileCompactDatabase"_s, u"Compact Catalogue"_s);
     addItem(menus, file, u"mnuClose"_s, u"Close Catalogue"_s);
     // Item 0 of the print list stays; the open forms are listed below it each time.
     menus.mnuPrint = addMenu(file, u"mnuPrint"_s, u"Print Screen"_s);
     addSeparator(menus.mnuPrint, u"mnuPrintForm"_s);
     addSeparator(file, u"mnuSep"_s);
-    addItem(menus, file, u"mnuPrintLabels"_s, u"Print Labels"_s);
+    addTaskItem(menus, file, u"mnuPrintLabels"_s, u"Print Labels"_s);
     addSeparator(file, u"mnuSep2"_s);
     addItem(menus, file, u"mnuExit"_s, u"Exit"_s);
     menus.mnuFile = file;
@@ -52,23 +59,23 @@ void buildFile(FrameMenus &menus, QMenuBar *bar)
 void buildEditViewReports(FrameMenus &menus, QMenuBar *bar)
 {
     QMenu *edit = addMenu(bar, u"mnuMaintain"_s, u"Edit"_s);
-    addItem(menus, edit, u"mnuBooks"_s, u"Books"_s);
-    addItem(menus, edit, u"mnuAuthorS"_s, u"Authors"_s);
-    addItem(menus, edit, u"mnuPublishers"_s, u"Publishers"_s);
-    addItem(menus, edit, u"mnuTopicS"_s, u"Topics"_s);
-    addItem(menus, edit, u"mnuCollectionValue"_s, u"Collection Value"_s);
-    addItem(menus, edit, u"mnuCatalogueControl"_s, u"Catalogue Control"_s);
+    addTaskItem(menus, edit, u"mnuBooks"_s, u"Books"_s);
+    addTaskItem(menus, edit, u"mnuAuthorS"_s, u"Authors"_s);
+    addTaskItem(menus, edit, u"mnuPublishers"_s, u"Publishers"_s);
+    addTaskItem(menus, edit, u"mnuTopicS"_s, u"Topics"_s);
+    addTaskItem(menus, edit, u"mnuCollectionValue"_s, u"Collection Value"_s);
+    addTaskItem(menus, edit, u"mnuCatalogueControl"_s, u"Catalogue Control"_s);
 
     QMenu *view = addMenu(bar, u"mnuView"_s, u"View"_s);
-    addItem(menus, view, u"mnuStats"_s, u"Catalogue Statistics"_s);
-    addItem(menus, view, u"mnuBookList"_s, u"Complete Catalogue"_s);
-    addItem(menus, view, u"mnuTopicSrch"_s, u"By Topic"_s);
-    addItem(menus, view, u"mnuAuthorSrch"_s, u"By Author"_s);
+    addTaskItem(menus, view, u"mnuStats"_s, u"Catalogue Statistics"_s);
+    addTaskItem(menus, view, u"mnuBookList"_s, u"Complete Catalogue"_s);
+    addTaskItem(menus, view, u"mnuTopicSrch"_s, u"By Topic"_s);
+    addTaskItem(menus, view, u"mnuAuthorSrch"_s, u"By Author"_s);
 
     QMenu *reports = addMenu(bar, u"mnuReports"_s, u"Reports"_s);
-    addItem(menus, reports, u"mnuRepTitleOrder"_s, u"by Title"_s);
-    addItem(menus, reports, u"mnuRepAuthorOrder"_s, u"by Author"_s);
-    addItem(menus, reports, u"mnuRepTopicOrder"_s, u"by Topic"_s);
+    addTaskItem(menus, reports, u"mnuRepTitleOrder"_s, u"by Title"_s);
+    addTaskItem(menus, reports, u"mnuRepAuthorOrder"_s, u"by Author"_s);
+    addTaskItem(menus, reports, u"mnuRepTopicOrder"_s, u"by Topic"_s);
 }
 
 void buildWindowHelp(FrameMenus &menus, QMenuBar *bar)
@@ -100,7 +107,7 @@ FrameMenus buildFrameMenus(QMainWindow *frame)
     buildFile(menus, bar);
     buildEditViewReports(menus, bar);
     // The Search menu's title is itself the command.
-    addItem(menus, bar, u"mnuSearch"_s, u"Search"_s);
+    addTaskItem(menus, bar, u"mnuSearch"_s, u"Search"_s);
     buildWindowHelp(menus, bar);
     return menus;
 }

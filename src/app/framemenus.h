@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 class QAction;
 class QMainWindow;
@@ -15,6 +16,8 @@ struct FrameMenus
     QMenu *mnuListWindows = nullptr;
     // Every item by its name: mnuOpen, mnuBooks, mnuSearch, mnuOn, ...
     QHash<QString, QAction *> items;
+    // The entries that work on the open catalogue: a form of an area or a command.
+    QStringList taskEntries;
 };
 
 FrameMenus buildFrameMenus(QMainWindow *frame);

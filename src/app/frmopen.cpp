@@ -148,6 +148,12 @@ void FrmOpen::on_cmdFind_clicked()
     ui->txtDataBase->setText(chosen);
 }
 
+void FrmOpen::openPath(const QString &path)
+{
+    ui->txtDataBase->setText(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+    on_cmdOpen_clicked();
+}
+
 void FrmOpen::on_cmdOpen_clicked()
 {
     const QString path = ui->txtDataBase->text();
@@ -191,8 +197,12 @@ void FrmOpen::openCatalogue(const QString &path)
 // another try.
 void FrmOpen::abandonOpen()
 {
-    if (QWidget *books = m_frame.forms().find(u"frmBookMaintenance"_s))
-        m_frame.forms().unload(books);
+    FormRegistry &forms = m_frame.forms();
+    for (QWidget *form : forms.loadedForms()) {
+        const FormEntry *entry = forms.entryOf(form);
+        if (entry && entry->loadedWithCatalogue)
+            forms.unload(form);
+    }
     m_frame.session().clear();
     m_frame.showNoCatalogue();
 }
@@ -205,4 +215,11 @@ void FrmOpen::on_cmdExit_clicked()
 void FrmOpen::on_cmdHelp_clicked()
 {
     SendHelpKey(this);
+}
+
+void OpenCatalogueGiven(MainFrame &frame, const QString &path)
+{
+    frame.openCatalogue();
+    if (auto *form = qobject_cast<FrmOpen *>(frame.forms().find(u"frmOpen"_s)))
+        form->openPath(path);
 }

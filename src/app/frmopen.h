@@ -20,6 +20,9 @@ public:
     explicit FrmOpen(MainFrame &frame, QWidget *parent = nullptr);
     ~FrmOpen() override;
 
+    // Puts `path` (made absolute) in the box and opens it as "Open" does.
+    void openPath(const QString &path);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -40,3 +43,7 @@ private:
     MainFrame &m_frame;
     bool m_clickLeftDataBase = false;
 };
+
+// `shelvane PATH`: the open form, shown as File › Open Catalogue shows it, opens PATH. It
+// stays on screen after a refusal, for another try or Exit, as after "Open".
+void OpenCatalogueGiven(MainFrame &frame, const QString &path);

@@ -15,34 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The numbers are the identifiers of the topics in the help project (help/Shelvane.qhp).
-const QHash<QString, int> &topicsByForm()
+// By form name; the numbers are the identifiers of the topics in the help project
+// (help/Shelvane.qhp).
+QHash<QString, int> &topicsByForm()
 {
-    static const QHash<QString, int> topics{
-        {u"MDIForm1"_s, 1},
-        {u"frmOpen"_s, 2},
-        {u"dlgAddPrompt"_s, 3},
-        {u"dlgDelPrompt"_s, 4},
-        {u"frmAbout"_s, 5},
-        {u"frmBookMaintenance"_s, 6},
-        {u"dlgGetAuthor"_s, 7},
-        {u"dlgGetTopic"_s, 9},
-        {u"frmAuthor"_s, 10},
-        {u"frmTopic"_s, 11},
-        {u"frmPublisher"_s, 12},
-        {u"frmSearch"_s, 13},
-        {u"frmBookListing"_s, 14},
-        {u"frmTopicBook"_s, 15},
-        {u"frmAuthorBook"_s, 16},
-        {u"frmBookStats"_s, 17},
-        {u"frmPrices"_s, 18},
-        {u"frmCatalogueControl"_s, 19},
-        {u"DataReport1"_s, 20},
-        {u"DataReport2"_s, 20},
-        {u"DataReport3"_s, 20},
-        {u"DataReport4"_s, 21},
-        {u"DataReport5"_s, 21},
-    };
+    static QHash<QString, int> topics;
     return topics;
 }
 
@@ -63,6 +40,20 @@ HelpWindow *helpWindow()
 }
 
 } // namespace
+
+void RegisterHelpTopic(const QString &formName, int topic)
+{
+    topicsByForm().insert(formName, topic);
+}
+
+void RegisterFrameHelpTopics()
+{
+    const QList<std::pair<QString, int>> topics{
+        {u"MDIForm1"_s, 1}, {u"frmOpen"_s, 2}, {u"dlgAddPrompt"_s, 3}, {u"dlgDelPrompt"_s, 4},
+        {u"frmAbout"_s, 5}};
+    for (const auto &[form, topic] : topics)
+        RegisterHelpTopic(form, topic);
+}
 
 int HelpTopicForForm(const QString &formName)
 {

@@ -9,6 +9,12 @@ namespace HelpTopic {
 inline constexpr int Contents = 8;
 }
 
+// Each area gives the topics of its forms as it registers them (the frame's registry passes
+// them on here), so that F1 finds them wherever the form sits.
+void RegisterHelpTopic(const QString &formName, int topic);
+// The frame's own: the frame, frmOpen, the two prompts and the about box.
+void RegisterFrameHelpTopics();
+
 // The topic of a form or dialog by its name; the contents page for a name without one.
 int HelpTopicForForm(const QString &formName);
 

@@ -27,68 +27,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// A task command: its menu entry, its form, and the toolbar drop-down item that opens the
-// same form (the listing and the two browsers only).
-struct TaskCommand
-{
-    QString entry;
-    QString form;
-    QString dropDownItem;
-};
-
-const QList<TaskCommand> &taskCommands()
-{
-    static const QList<TaskCommand> commands{
-        {u"mnuBooks"_s, u"frmBookMaintenance"_s, {}},
-        {u"mnuAuthorS"_s, u"frmAuthor"_s, {}},
-        {u"mnuPublishers"_s, u"frmPublisher"_s, {}},
-        {u"mnuTopicS"_s, u"frmTopic"_s, {}},
-        {u"mnuCollectionValue"_s, u"frmPrices"_s, {}},
-        {u"mnuCatalogueControl"_s, u"frmCatalogueControl"_s, {}},
-        {u"mnuStats"_s, u"frmBookStats"_s, {}},
-        {u"mnuBookList"_s, u"frmBookListing"_s, u"CompleteCat"_s},
-        {u"mnuTopicSrch"_s, u"frmTopicBook"_s, u"ByTopic"_s},
-        {u"mnuAuthorSrch"_s, u"frmAuthorBook"_s, u"ByAuthor"_s},
-    };
-    return commands;
-}
-
-const TaskCommand *taskCommandFor(const QString &entryOrItem)
-{
-    for (const TaskCommand &command : taskCommands()) {
-        if (command.entry == entryOrItem || command.dropDownItem == entryOrItem)
-            return &command;
-    }
-    return nullptr;
-}
-
-// The toolbar buttons that open a task form, with the menu entry each one disables.
-const QHash<QString, QString> &toolbarEntries()
-{
-    static const QHash<QString, QString> entries{
-        {u"Book"_s, u"mnuBooks"_s},
-        {u"Author"_s, u"mnuAuthorS"_s},
-        {u"Publisher"_s, u"mnuPublishers"_s},
-        {u"Topic"_s, u"mnuTopicS"_s},
-    };
-    return entries;
-}
-
-// The report items of the "Reports" drop-down run the same commands as the Reports menu.
-const QHash<QString, QString> &reportItems()
-{
-    static const QHash<QString, QString> items{
-        {u"TitleRep"_s, u"mnuRepTitleOrder"_s},
-        {u"AuthorRep"_s, u"mnuRepAuthorOrder"_s},
-        {u"TopicRep"_s, u"mnuRepTopicOrder"_s},
-    };
-    return items;
-}
-
-} // namespace
-
 MainFrame::MainFrame(QWidget *parent)
     : QMainWindow(parent)
     , m_mdiArea(new QMdiArea(this))
@@ -137,6 +75,32 @@ void MainFrame::setCommand(const QString &name, std::function<void()> command)
     m_commands.insert(name, std::move(command));
 }
 
+void MainFrame::setCommand(const QString &name,
+                           std::function<void(const QString &value)> command)
+{
+    m_valueCommands.insert(name, std::move(command));
+}
+
+void MainFrame::runCommand(const QString &name, const QString &value)
+{
+    if (const auto command = m_valueCommands.value(name))
+        RunHandler([&] { command(value); });
+}
+
+void MainFrame::disableWhileLoaded(const QString &formName, const QString &entry)
+{
+    m_forms->disableWhileLoaded(formName, action(entry));
+    for (QAction *item : m_toolbar->dropDownItemsFor(entry))
+        m_forms->disableWhileLoaded(formName, item);
+}
+
+void MainFrame::registerForm(FormEntry entry)
+{
+    if (!entry.menuEntry.isEmpty())
+        m_formsByEntry.insert(entry.menuEntry, entry.name);
+    m_forms->registerForm(std::move(entry));
+}
+
 void MainFrame::showCatalogueName(const QString &catalogueName)
 {
     setWindowTitle(u"Shelvane - Open Catalogue: "_s + catalogueName);
@@ -151,10 +115,18 @@ void MainFrame::showNoCatalogue()
 
 void MainFrame::registerOwnForms()
 {
-    m_forms->registerForm(u"frmOpen"_s, FormRegistry::Placement::Window,
-                          [this] { return new FrmOpen(*this); });
-    m_forms->registerForm(u"frmAbout"_s, FormRegistry::Placement::Window,
-                          [] { return new FrmAbout; });
+    registerForm({.name = u"frmOpen"_s,
+                  .placement = FormPlacement::Window,
+                  .factory = [this] { return new FrmOpen(*this); },
+                  .helpTopic = 2});
+    registerForm({.name = u"frmAbout"_s,
+                  .placement = FormPlacement::Window,
+                  .factory = [] { return new FrmAbout; },
+                  .helpTopic = 5});
+    // The frame itself and the two prompts every record form shows.
+    RegisterHelpTopic(objectName(), 1);
+    RegisterHelpTopic(u"dlgAddPrompt"_s, 3);
+    RegisterHelpTopic(u"dlgDelPrompt"_s, 4);
 }
 
 void MainFrame::connectMenus()
@@ -162,19 +134,8 @@ void MainFrame::connectMenus()
     connect(action(u"mnuOpen"_s), &QAction::triggered, this, &MainFrame::openCatalogue);
     connect(action(u"mnuClose"_s), &QAction::triggered, this, &MainFrame::closeCatalogue);
     connect(action(u"mnuExit"_s), &QAction::triggered, this, &QWidget::close);
-    for (const TaskCommand &command : taskCommands()) {
-        connect(action(command.entry), &QAction::triggered, this, [this, &command] {
-            runTaskCommand(command.form, {command.entry, command.dropDownItem});
-        });
-    }
-    connect(action(u"mnuSearch"_s), &QAction::triggered, this, [this] {
-        runTaskCommand(u"frmSearch"_s, {});
-    });
-    const QStringList commands{u"mnuRepTitleOrder"_s, u"mnuRepAuthorOrder"_s,
-                               u"mnuRepTopicOrder"_s, u"mnuPrintLabels"_s,
-                               u"mnuFileCompactDatabase"_s};
-    for (const QString &name : commands)
-        connect(action(name), &QAction::triggered, this, [this, name] { runCommand(name); });
+    for (const QString &name : std::as_const(m_menus.taskEntries))
+        connect(action(name), &QAction::triggered, this, [this, name] { runEntry(name); });
 
     // The print list follows the forms open at the moment File is opened.
     connect(m_menus.mnuFile, &QMenu::aboutToShow, this, [this] {
@@ -238,7 +199,10 @@ void MainFrame::connectCatalogue()
 {
     m_session.connect();
     // Prepared out of sight; the books command brings it up.
-    m_forms->load(u"frmBookMaintenance"_s);
+    for (const FormEntry &entry : m_forms->entries()) {
+        if (entry.loadedWithCatalogue)
+            m_forms->load(entry.name);
+    }
 }
 
 void MainFrame::closeEvent(QCloseEvent *event)
@@ -253,29 +217,25 @@ void MainFrame::closeEvent(QCloseEvent *event)
     QMainWindow::closeEvent(event);
 }
 
-void MainFrame::runTaskCommand(const QString &formName, const QStringList &entries)
-{
-    if (CatalogueIsOpen(m_session))
-        openTaskForm(formName, entries);
-}
-
-// A form no area has registered yet is not opened, and nothing is disabled for it.
-void MainFrame::openTaskForm(const QString &formName, const QStringList &entries)
-{
-    if (!m_forms->show(formName))
-        return;
-    for (const QString &entry : entries) {
-        if (QAction *used = action(entry))
-            m_forms->disableWhileLoaded(formName, used);
-    }
-}
-
-void MainFrame::runCommand(const QString &name)
+// A menu entry of the open catalogue: the form registered for it, or the command set for it;
+// until an area gives one, nothing more than the guard.
+void MainFrame::runEntry(const QString &entry)
 {
     if (!CatalogueIsOpen(m_session))
         return;
-    if (const auto command = m_commands.value(name))
+    if (m_formsByEntry.contains(entry))
+        openFormOf(entry);
+    else if (const auto command = m_commands.value(entry))
         RunHandler(command);
+}
+
+// Shows the entry's form. While it is loaded the entry and the toolbar's drop-down items that
+// stand for it are disabled, unless the form leaves them on (the search).
+void MainFrame::openFormOf(const QString &entry)
+{
+    const QString formName = m_formsByEntry.value(entry);
+    if (m_forms->show(formName) && m_forms->entry(formName)->disablesEntryWhileLoaded)
+        disableWhileLoaded(formName, entry);
 }
 
 void MainFrame::onToolbarButton(const QString &key)
@@ -292,12 +252,9 @@ void MainFrame::onToolbarButton(const QString &key)
         return;
     // A run-time error while a form opens from here ends the click without a message.
     try {
-        if (toolbarEntries().contains(key)) {
-            const TaskCommand *command = taskCommandFor(toolbarEntries().value(key));
-            openTaskForm(command->form, {command->entry});
-        } else if (key == u"Search") {
-            openTaskForm(u"frmSearch"_s, {});
-        }
+        const QString entry = m_toolbar->menuEntryOf(key);
+        if (m_formsByEntry.contains(entry))
+            openFormOf(entry);
     } catch (const RuntimeError &) {
     } catch (const ProviderError &) {
     }
@@ -307,14 +264,14 @@ void MainFrame::onDropDownItem(QAction *item)
 {
     if (!CatalogueIsOpen(m_session))
         return;
-    const QString key = item->objectName();
-    if (const TaskCommand *command = taskCommandFor(key)) {
-        openTaskForm(command->form, {command->entry, command->dropDownItem});
+    const QString entry = m_toolbar->menuEntryOf(item->objectName());
+    if (m_formsByEntry.contains(entry)) {
+        openFormOf(entry);
         return;
     }
     // A run-time error in the report abandons the click before the item is disabled.
     bool completed = true;
-    if (const auto command = m_commands.value(reportItems().value(key))) {
+    if (const auto command = m_commands.value(entry)) {
         completed = false;
         RunHandler([&] {
             command();
@@ -329,7 +286,8 @@ void MainFrame::onDropDownItem(QAction *item)
 void MainFrame::printChosenForm(QAction *item)
 {
     const QString formName = item->data().toString();
-    if (!isPrintableForm(formName))
+    const FormEntry *entry = m_forms->entry(formName);
+    if (!entry || !entry->printable)
         return;
     if (QWidget *form = m_forms->find(formName))
         printFormOnDefaultPrinter(form);

@@ -10,6 +10,7 @@
 
 class FormRegistry;
 class FrameToolbar;
+struct FormEntry;
 class QLabel;
 class QMdiArea;
 
@@ -32,10 +33,21 @@ public:
     // A menu entry or toolbar drop-down item by its name: "mnuBooks", "TitleRep", ...
     QAction *action(const QString &name) const;
 
+    // An area's form, and the menu entry that opens it.
+    void registerForm(FormEntry entry);
+
     // What a command of another area does (a report, the labels, compaction). The frame runs
     // the open-catalogue guard before it, and the command as an event handler: a run-time
     // error it throws is reported and ends it. Until one is set the command does nothing more.
     void setCommand(const QString &name, std::function<void()> command);
+    // The same for a command that takes a value from the form that runs it (the book form's
+    // cmdPrintLabel gives its book's number). The frame runs it as an event handler.
+    void setCommand(const QString &name, std::function<void(const QString &value)> command);
+    void runCommand(const QString &name, const QString &value);
+
+    // Disables the menu entry, and the toolbar's drop-down items that stand for it, while the
+    // form is loaded.
+    void disableWhileLoaded(const QString &formName, const QString &entry);
 
     // "Shelvane - Open Catalogue: " + the catalogue's name, or "Shelvane" with none open.
     void showCatalogueName(const QString &catalogueName);
@@ -63,9 +75,8 @@ private:
     void connectHelpMenu();
     void registerOwnForms();
 
-    void runTaskCommand(const QString &formName, const QStringList &entries);
-    void openTaskForm(const QString &formName, const QStringList &entries);
-    void runCommand(const QString &name);
+    void runEntry(const QString &entry);
+    void openFormOf(const QString &entry);
     void onToolbarButton(const QString &key);
     void onDropDownItem(QAction *item);
     void printChosenForm(QAction *item);
@@ -77,5 +88,7 @@ private:
     FrameMenus m_menus;
     FrameToolbar *m_toolbar;
     QLabel *m_catalogueStatus;
-    QHash<QString, std::function<void()>> m_commands;
+    QHash<QString, std::function<void()>> m_commands;  // by menu entry
+    QHash<QString, std::function<void(const QString &)>> m_valueCommands;
+    QHash<QString, QString> m_formsByEntry;             // form names by menu entry
 };

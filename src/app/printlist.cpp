@@ -36,15 +36,6 @@ void RefreshWindowList(QMenu *mnuPrint, const QList<QWidget *> &loadedForms)
     }
 }
 
-bool isPrintableForm(const QString &formName)
-{
-    static const QStringList printable{
-        u"frmAuthor"_s,   u"frmAuthorBook"_s, u"frmBookListing"_s, u"frmBookMaintenance"_s,
-        u"frmBookStats"_s, u"frmPrices"_s,    u"frmPublisher"_s,   u"frmTopic"_s,
-        u"frmTopicBook"_s, u"frmSearch"_s,    u"frmCatalogueControl"_s};
-    return printable.contains(formName);
-}
-
 bool printFormImage(QWidget *form, QPrinter &printer)
 {
     const QPixmap image = form->grab();

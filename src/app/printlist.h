@@ -12,9 +12,6 @@ class QWidget;
 // rebuilt from the forms given, in their load order.
 void RefreshWindowList(QMenu *mnuPrint, const QList<QWidget *> &loadedForms);
 
-// The forms whose image Print Screen prints; choosing any other name does nothing.
-bool isPrintableForm(const QString &formName);
-
 // Paints the form's image, scaled to fit the page and keeping its proportions.
 bool printFormImage(QWidget *form, QPrinter &printer);
 // Prints the form's image on the default printer, or says that there is none.

@@ -15,6 +15,11 @@ namespace {
 
 enum class Seed { Keep, TakeOver };
 
+Seed seedOf(CatalogueWriter::SeedRows seedRows)
+{
+    return seedRows == CatalogueWriter::SeedRows::TakeOver ? Seed::TakeOver : Seed::Keep;
+}
+
 QVariant optionalValue(const std::optional<int> &value)
 {
     return value ? QVariant(*value) : QVariant(QMetaType::fromType<int>());
@@ -80,21 +85,21 @@ private:
     std::optional<qint64> m_seedRow;
 };
 
-CatalogueWriter::CatalogueWriter(const QSqlDatabase &db)
+CatalogueWriter::CatalogueWriter(const QSqlDatabase &db, SeedRows seedRows)
     : m_publishers(std::make_unique<Table>(db, u"tblPublisher"_s,
           QStringList{u"PublisherName"_s, u"PublisherPlace"_s, u"PublisherNotes"_s}))
     , m_authors(std::make_unique<Table>(db, u"tblAuthor"_s,
           QStringList{u"AuthorFirstName"_s, u"AuthorSurname"_s, u"AuthorNationality"_s, u"AuthorNotes"_s},
-          u"AuthorID"_s, Seed::TakeOver))
+          u"AuthorID"_s, seedOf(seedRows)))
     , m_topics(std::make_unique<Table>(db, u"tblTopic"_s,
-          QStringList{u"TopicDescription"_s, u"TopicNotes"_s}, u"TopicID"_s, Seed::TakeOver))
+          QStringList{u"TopicDescription"_s, u"TopicNotes"_s}, u"TopicID"_s, seedOf(seedRows)))
     , m_books(std::make_unique<Table>(db, u"tblBook"_s,
           QStringList{u"BookDescription"_s, u"BookPagesText"_s, u"BookPagesInto"_s, u"BookCondition"_s,
                       u"BookCover"_s, u"BookPublisherId"_s, u"BookPrice"_s, u"BookSellPrice"_s,
                       u"BookWhenPublished"_s, u"BookWhenPurchased"_s, u"BookWhenSold"_s,
                       u"BookIllustrated"_s, u"BookIllustrations"_s, u"BookPlans"_s, u"BookMaps"_s,
                       u"Book1stEd"_s, u"BookBibliography"_s, u"BookNotes"_s},
-          u"BookID"_s, Seed::TakeOver))
+          u"BookID"_s, seedOf(seedRows)))
     , m_bookAuthors(std::make_unique<Table>(db, u"tblBookAuthor"_s, QStringList{u"BookID"_s, u"AuthorID"_s}))
     , m_bookTopics(std::make_unique<Table>(db, u"tblBookTopic"_s, QStringList{u"BookID"_s, u"TopicID"_s}))
     , m_db(db)

@@ -65,15 +65,18 @@ struct OwnerDetails
     QString email;
 };
 
-// Writes rows into a catalogue being made, through statements prepared once and reused, so
-// that tens of thousands of rows go in quickly. The first author, topic and book written
-// take the place of the seed rows every new catalogue starts with, so the catalogue holds
-// exactly the rows written, numbered from 1; the "UnKnown" publisher stays.
+// Writes rows into a catalogue, through statements prepared once and reused, so that tens of
+// thousands of rows go in quickly. In a catalogue being made, the first author, topic and
+// book written take the place of the seed rows every new catalogue starts with, so the
+// catalogue holds exactly the rows written, numbered from 1; the "UnKnown" publisher stays.
+// Rows added to a catalogue in use leave its own rows as they are.
 // Every method throws CatalogueFileError on failure.
 class CatalogueWriter
 {
 public:
-    explicit CatalogueWriter(const QSqlDatabase &db);
+    enum class SeedRows { TakeOver, Keep };
+
+    explicit CatalogueWriter(const QSqlDatabase &db, SeedRows seedRows = SeedRows::TakeOver);
     ~CatalogueWriter();
     CatalogueWriter(const CatalogueWriter &) = delete;
     CatalogueWriter &operator=(const CatalogueWriter &) = delete;

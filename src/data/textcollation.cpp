@@ -152,6 +152,18 @@ bool registerOn(const QSqlDatabase &database)
             == SQLITE_OK;
 }
 
+// The same comparison as the UNICODE_NOCASE collation's.
+bool equalIgnoringCase(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// Qt's case-insensitive comparison folds each character alone, as toCaseFolded() does.
+QString equalityKey(QStringView text)
+{
+    return text.toString().toCaseFolded();
+}
+
 DictionaryOrder::DictionaryOrder()
     : m_collator(collatorOf(QLocale()), ucol_close)
 {

@@ -26,6 +26,14 @@ inline constexpr auto foldedName = "UNICODE_NOCASE";
 // the handle is not SQLite's.
 bool registerOn(const QSqlDatabase &database);
 
+// Whether two texts are equal as the program's "=" finds them: the same but for the case of
+// any letter, accents counting.
+bool equalIgnoringCase(QStringView a, QStringView b);
+
+// A key two texts share exactly when equalIgnoringCase() finds them equal, for finding one
+// text among many without comparing it with each.
+QString equalityKey(QStringView text);
+
 // The order of the default locale of the moment, as a dictionary of it orders words: ICU's
 // collation, and for texts it holds the same the order of their characters, so that no two
 // differing texts tie and every sort is stable. Under the C locale, which names no language,

@@ -1,5 +1,7 @@
 #include "recordform/promptpreference.h"
 
+#include "recordform/prompttexts.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QSettings>
@@ -55,12 +57,10 @@ bool PromptWanted(const QString &formName, PromptKind kind)
 void SetAllHelpPrompts(bool on)
 {
     const QString value = on ? Show : DontShow;
-    for (const QString &form : {u"frmBookMaintenance"_s, u"frmSearch"_s, u"frmAuthor"_s,
-                                u"frmTopic"_s, u"frmPublisher"_s})
-        StorePromptSetting(form, PromptKind::AddNew, value);
-    for (const QString &form :
-         {u"frmBookMaintenance"_s, u"frmAuthor"_s, u"frmTopic"_s, u"frmPublisher"_s})
-        StorePromptSetting(form, PromptKind::Delete, value);
+    for (PromptKind kind : {PromptKind::AddNew, PromptKind::Delete}) {
+        for (const QString &form : FormsWithPrompt(kind))
+            StorePromptSetting(form, kind, value);
+    }
     setMark(u"mnuOff"_s, !on);
     setMark(u"mnuOn"_s, on);
 }

@@ -4,76 +4,47 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 const QString MandatoryNote = u"Note: manditory fields are highlighted in yellow"_s;
 
-QString linksWarning(const QString &entity)
-{
-    return u"Are you sure you wish to delete this "_s + entity + u", \r\n"_s
-        + u"it will also delete the links to any books \r\n"_s
-        + u"that are classified against this "_s + entity + u"?"_s;
-}
+namespace {
 
-const QHash<QString, PromptText> &addTexts()
+// The wordings of the forms registered so far, by form name. A form registered again (a new
+// frame) words its prompts the same.
+QHash<QString, PromptWording> &wordings(PromptKind kind)
 {
-    static const QHash<QString, PromptText> texts{
-        {u"frmBookMaintenance"_s,
-         {u"Add New Book"_s,
-          u"Enter Book details then confirm or cancel, then \r\n"_s
-              + u"allocate topic(s) and author(s).\r\n\r\n"_s + MandatoryNote}},
-        {u"frmAuthor"_s,
-         {u"Add New Author"_s,
-          u"Enter Author details then confirm or cancel.\r\n\r\n"_s + MandatoryNote}},
-        {u"frmTopic"_s,
-         {u"Add New Topic"_s,
-          u"Enter Topic details then confirm or cancel.\r\n\r\n"_s + MandatoryNote}},
-        {u"frmPublisher"_s,
-         {u"Add New Publisher"_s,
-          u"Enter Publisher details then confirm or cancel.\r\n\r\n"_s + MandatoryNote}},
-    };
-    return texts;
-}
-
-const QHash<QString, PromptText> &deleteTexts()
-{
-    static const QHash<QString, PromptText> texts{
-        {u"frmBookMaintenance"_s,
-         {u"Delete Book"_s,
-          u"Delete will remove connections with the associated topics and \r\n"_s
-              + u"authors, and remove the current book. Are you sure you wish to \r\n"_s
-              + u"continue"_s}},
-        {u"frmAuthor"_s, {u"Delete Author"_s, linksWarning(u"author"_s)}},
-        {u"frmTopic"_s, {u"Delete Topic"_s, linksWarning(u"topic"_s)}},
-        {u"frmPublisher"_s, {u"Delete Publisher"_s, linksWarning(u"Publisher"_s)}},
-    };
-    return texts;
-}
-
-PromptText searchResults(int booksFound)
-{
-    return {u"Search Results"_s,
-            u"The search found "_s + QString::number(booksFound) + u" Books, \r\n\r\n"_s
-                + u"Would you like to see the results?"_s};
+    static QHash<QString, PromptWording> add;
+    static QHash<QString, PromptWording> remove;
+    return kind == PromptKind::AddNew ? add : remove;
 }
 
 } // namespace
 
+PromptWording FixedWording(const QString &caption, const QString &text)
+{
+    return [caption, text](int) { return PromptText{caption, text}; };
+}
+
+void RegisterPromptWording(const QString &formName, PromptKind kind, PromptWording wording)
+{
+    if (wording)
+        wordings(kind).insert(formName, std::move(wording));
+}
+
 std::optional<PromptText> PromptTextFor(PromptKind kind, const QString &calledFrom,
                                         int booksFound)
 {
-    if (kind == PromptKind::AddNew && calledFrom == u"frmSearch")
-        return searchResults(booksFound);
-    const QHash<QString, PromptText> &texts = kind == PromptKind::AddNew ? addTexts() : deleteTexts();
-    const auto found = texts.constFind(calledFrom);
-    if (found == texts.constEnd())
+    const PromptWording wording = wordings(kind).value(calledFrom);
+    if (!wording)
         return std::nullopt;
-    return *found;
+    return wording(booksFound);
 }
 
 bool PromptAnswersReach(PromptKind kind, const QString &calledFrom)
 {
-    if (kind == PromptKind::AddNew && calledFrom == u"frmSearch")
-        return true;
-    return deleteTexts().contains(calledFrom);
+    return wordings(kind).contains(calledFrom);
+}
+
+QStringList FormsWithPrompt(PromptKind kind)
+{
+    return wordings(kind).keys();
 }

@@ -33,9 +33,23 @@ protected:
     }
 };
 
-// Registers a double under the form's name as a child of the frame.
-inline void registerDouble(MainFrame &frame, const QString &name, const QString &caption)
+// What a test tells the frame of a double, as the form's area would of the real form.
+struct DoubleForm
 {
-    frame.forms().registerForm(name, FormRegistry::Placement::Child,
-                               [name, caption] { return new TaskFormDouble(name, caption); });
+    QString name;
+    QString caption;
+    QString menuEntry; // none: opened by name only
+    bool printable = true;
+};
+
+// Registers a double as a child of the frame. The book form's double is loaded with the
+// catalogue and the search's leaves its entry on, as the real forms are registered.
+inline void registerDouble(MainFrame &frame, const DoubleForm &form)
+{
+    frame.registerForm({.name = form.name,
+                        .factory = [form] { return new TaskFormDouble(form.name, form.caption); },
+                        .menuEntry = form.menuEntry,
+                        .disablesEntryWhileLoaded = form.name != u"frmSearch",
+                        .printable = form.printable,
+                        .loadedWithCatalogue = form.name == u"frmBookMaintenance"});
 }

@@ -129,8 +129,8 @@ private Q_SLOTS:
     void init()
     {
         m_frame = std::make_unique<MainFrame>();
-        registerDouble(*m_frame, u"frmBookMaintenance"_s, u"Book Maintenance"_s);
-        registerDouble(*m_frame, u"frmBookStats"_s, u"Collection Statistics"_s);
+        registerDouble(*m_frame, {u"frmBookMaintenance"_s, u"Book Maintenance"_s, u"mnuBooks"_s});
+        registerDouble(*m_frame, {u"frmBookStats"_s, u"Collection Statistics"_s, u"mnuStats"_s});
         m_frame->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));
         m_responder = new ModalResponder;

@@ -1,5 +1,6 @@
 #include "app/helptopics.h"
 #include "app/mainframe.h"
+#include "forms/registerforms.h"
 #include "support/finders.h"
 #include "support/modalresponder.h"
 #include "support/screenshot.h"
@@ -59,6 +60,7 @@ class TestHelp : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void cleanup();
 
     void helpFileLiesBesideTheProgram();
@@ -72,6 +74,13 @@ private Q_SLOTS:
     void everyPageTheContentsListsOpens();
     void look();
 };
+
+// The topics come from the areas, as each registers its forms when the program starts.
+void TestHelp::initTestCase()
+{
+    MainFrame frame;
+    RegisterAllForms(frame);
+}
 
 void TestHelp::cleanup()
 {

@@ -21,6 +21,7 @@ done <"$here/expected-files.txt"
 
 desktop-file-validate "$usr/share/applications/shelvane.desktop" || fail "desktop-file-validate"
 grep -qx 'GenericName=Book Catalogue' "$usr/share/applications/shelvane.desktop" || fail "generic name"
+grep -qx 'Exec=shelvane %f' "$usr/share/applications/shelvane.desktop" || fail "the menu entry does not pass the file"
 
 # A PNG's width and height are the big-endian words at bytes 16 and 20.
 for size in 16 22 24 32 48 64 128 256; do
@@ -31,7 +32,7 @@ done
 
 man_page=$usr/share/man/man1/shelvane-catalog.1
 grep -q '^\.TH SHELVANE-CATALOG "1"' "$man_page" || fail "the manual page has no title"
-for command in create sample generate check import; do
+for command in create sample generate check import export import-csv; do
   grep -q "^\.SS $command\$" "$man_page" || fail "the manual page does not explain $command"
 done
 grep -q 'replace an existing file' "$man_page" || fail "the manual page lacks the options"

@@ -1,4 +1,5 @@
 #include "app/mainframe.h"
+#include "forms/registerforms.h"
 #include "recordform/promptdialog.h"
 #include "recordform/promptpreference.h"
 #include "support/finders.h"
@@ -105,6 +106,8 @@ void TestPrompts::init()
 {
     TestEnvironment::clearSettings();
     m_frame = std::make_unique<MainFrame>();
+    // Each area words the prompts of its forms as it registers them.
+    RegisterAllForms(*m_frame);
     m_frame->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));
 }

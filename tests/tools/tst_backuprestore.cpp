@@ -4,12 +4,12 @@
 #include "../data/cataloguedamage.h"
 #include "../data/catalogueprobe.h"
 #include "snapshot.h"
-#include "toolrun.h"
 
-#include "catalogue/scopeddatabase.h"
 #include "catalogue/cataloguebackups.h"
+#include "catalogue/scopeddatabase.h"
 #include "support/heldcatalogue.h"
 #include "support/testcatalogue.h"
+#include "support/toolrun.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,7 +38,7 @@ void deleteHalfTheBooks(const QString &path)
 // Makes a backup with the tool; answers its path, empty when the tool said otherwise.
 QString backUp(const TestCatalogue &catalogue)
 {
-    const ToolRun run = runTool({u"backup"_s, catalogue.path()});
+    const Run run = runTool({u"backup"_s, catalogue.path()});
     const QString prefix = catalogue.path() + u": backed up to "_s;
     if (run.status != 0 || !run.out.startsWith(prefix))
         return {};
@@ -74,7 +74,7 @@ private Q_SLOTS:
         TestCatalogue catalogue(TestCatalogue::Content::Sample);
         const QString folder = QDir(catalogue.folder()).filePath(u"on the stick"_s);
 
-        const ToolRun run = runTool({u"backup"_s, catalogue.path(), u"--to"_s, folder});
+        const Run run = runTool({u"backup"_s, catalogue.path(), u"--to"_s, folder});
 
         QCOMPARE(run.status, 0);
         const QStringList made = CatalogueBackups::listed(catalogue.path(), folder);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         TestCatalogue catalogue;
         QVERIFY(writeFile(catalogue.path(), "a letter to the bank"));
 
-        const ToolRun run = runTool({u"backup"_s, catalogue.path()});
+        const Run run = runTool({u"backup"_s, catalogue.path()});
 
         QCOMPARE(run.status, 1);
         QCOMPARE(run.err, u"shelvane-catalog: %1: no backup could be made in %2: file is not a database\n"_s.arg(
@@ -117,7 +117,7 @@ private Q_SLOTS:
         const QStringList changed = rowsOf(catalogue.path());
         QVERIFY(changed != backedUp);
 
-        const ToolRun run = runTool({u"restore"_s, backup, catalogue.path()});
+        const Run run = runTool({u"restore"_s, backup, catalogue.path()});
 
         QCOMPARE(run.err, QString());
         QCOMPARE(run.status, 0);
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(!backup.isEmpty());
         deleteHalfTheBooks(catalogue.path());
         const QByteArray before = fileFingerprint(catalogue.path());
-        ToolRun run;
+        Run run;
         {
             const HeldCatalogue otherCopy(catalogue.path(), HeldCatalogue::Lock::Open);
             QVERIFY2(otherCopy.isHeld(), qPrintable(otherCopy.problem()));
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QVERIFY(writeFile(notABackup, "shopping list"));
         const QByteArray before = fileFingerprint(catalogue.path());
 
-        const ToolRun run = runTool({u"restore"_s, notABackup, catalogue.path()});
+        const Run run = runTool({u"restore"_s, notABackup, catalogue.path()});
 
         QCOMPARE(run.status, 1);
         QVERIFY2(run.err.startsWith(u"shelvane-catalog: %1 is not a sound catalogue ("_s.arg(notABackup)), qPrintable(run.err));
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QVERIFY2(damage.isEmpty(), qPrintable(damage));
         const QByteArray damaged = fileFingerprint(catalogue.path());
 
-        const ToolRun run = runTool({u"restore"_s, backup, catalogue.path()});
+        const Run run = runTool({u"restore"_s, backup, catalogue.path()});
 
         QCOMPARE(run.status, 0);
         QCOMPARE(rowsOf(catalogue.path()), rowsOf(backup));
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QTemporaryDir elsewhere;
         const QString path = elsewhere.filePath(u"QuireshelfCatalog01.mdb"_s);
 
-        const ToolRun run = runTool({u"restore"_s, backup, path});
+        const Run run = runTool({u"restore"_s, backup, path});
 
         QCOMPARE(run.status, 0);
         QCOMPARE(run.out, path + u": restored from "_s + backup + u'\n');
@@ -213,7 +213,7 @@ private Q_SLOTS:
     {
         TestCatalogue catalogue(TestCatalogue::Content::Sample);
         const QByteArray before = fileFingerprint(catalogue.path());
-        ToolRun run;
+        Run run;
         {
             const HeldCatalogue otherCopy(catalogue.path(), HeldCatalogue::Lock::Open);
             QVERIFY2(otherCopy.isHeld(), qPrintable(otherCopy.problem()));

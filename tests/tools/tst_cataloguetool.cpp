@@ -2,8 +2,8 @@
 #include "catalogue/scopeddatabase.h"
 #include "jetfixtures.h"
 #include "snapshot.h"
-#include "toolrun.h"
 #include "support/testcatalogue.h"
+#include "support/toolrun.h"
 
 #include <QDir>
 #include <QFile>
@@ -62,12 +62,12 @@ private Q_SLOTS:
         QTemporaryDir dir;
         const QString path = dir.filePath(u"QuireshelfCatalog01.mdb"_s);
 
-        const ToolRun made = runTool(arguments << path);
+        const Run made = runTool(arguments << path);
         QCOMPARE(made.status, 0);
         QVERIFY2(made.out.startsWith(path + said), qPrintable(made.out));
         QCOMPARE(made.err, QString()); // no progress shown when stderr is no terminal
 
-        const ToolRun checked = runTool({u"check"_s, path});
+        const Run checked = runTool({u"check"_s, path});
         QCOMPARE(checked.status, 0);
         QCOMPARE(checked.out, path + u": catalogue is sound\n"_s);
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"QuireshelfCatalog01.mdb"_s});
@@ -80,13 +80,13 @@ private Q_SLOTS:
         TestCatalogue catalogue;
         const QByteArray before = fileFingerprint(catalogue.path());
 
-        const ToolRun refused = runTool({u"sample"_s, catalogue.path()});
+        const Run refused = runTool({u"sample"_s, catalogue.path()});
         QCOMPARE(refused.status, 1);
         QCOMPARE(refused.err, u"shelvane-catalog: %1 exists already (use --force to replace it)\n"_s
                                   .arg(catalogue.path()));
         QCOMPARE(fileFingerprint(catalogue.path()), before);
 
-        const ToolRun replaced = runTool({u"sample"_s, u"--force"_s, catalogue.path()});
+        const Run replaced = runTool({u"sample"_s, u"--force"_s, catalogue.path()});
         QCOMPARE(replaced.status, 0);
         QCOMPARE(bookCount(catalogue.path()), 60); // the test's own connection still sees the old file
     }
@@ -97,7 +97,7 @@ private Q_SLOTS:
         const QString folder = dir.filePath(u"no such folder"_s);
         const QString path = folder + u"/QuireshelfCatalog01.mdb"_s;
 
-        const ToolRun run = runTool({u"create"_s, path});
+        const Run run = runTool({u"create"_s, path});
 
         QCOMPARE(run.status, 1);
         QCOMPARE(run.err, u"shelvane-catalog: the folder %1 does not exist\n"_s.arg(QDir::toNativeSeparators(folder)));
@@ -120,7 +120,7 @@ private Q_SLOTS:
         // A file size limit makes every write past 50 kB fail, as a full disk would.
         QTemporaryDir dir;
         const QString path = dir.filePath(u"QuireshelfCatalog01.mdb"_s);
-        const ToolRun run = runTool(QStringList{u"-c"_s, u"trap '' XFSZ; ulimit -f 100; exec \"$0\" \"$@\""_s,
+        const Run run = runTool(QStringList{u"-c"_s, u"trap '' XFSZ; ulimit -f 100; exec \"$0\" \"$@\""_s,
                                             qEnvironmentVariable("SHELVANE_TOOL")}
                                     + arguments + QStringList{path},
                                 u"/bin/sh"_s);
@@ -139,7 +139,7 @@ private Q_SLOTS:
         TestCatalogue catalogue;
         QSqlQuery(catalogue.db()).exec(u"DROP VIEW qryReport03"_s);
 
-        const ToolRun run = runTool({u"check"_s, catalogue.path()});
+        const Run run = runTool({u"check"_s, catalogue.path()});
 
         QCOMPARE(run.status, 1);
         QCOMPARE(run.out, u"qryReport03: the view is missing\n"_s);
@@ -154,7 +154,7 @@ private Q_SLOTS:
         file.write("not a catalogue\n");
         file.close();
 
-        const ToolRun run = runTool({u"check"_s, path});
+        const Run run = runTool({u"check"_s, path});
 
         QCOMPARE(run.status, 1);
         QCOMPARE(run.out, u"cannot be read as an SQLite database: file is not a database\n"_s);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         const QString old = jetFixture(u"QuireshelfCatalog01.mdb"_s);
         const QString path = dir.filePath(u"QuireshelfCatalog01.mdb"_s);
 
-        const ToolRun run = runTool({u"import"_s, old, path});
+        const Run run = runTool({u"import"_s, old, path});
 
         QCOMPARE(run.status, 0);
         QCOMPARE(run.err, QString()); // no progress shown when stderr is no terminal
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QFETCH(QString, error);
         QTemporaryDir dir;
 
-        const ToolRun run = runTool({u"import"_s, old, dir.filePath(u"new.mdb"_s)});
+        const Run run = runTool({u"import"_s, old, dir.filePath(u"new.mdb"_s)});
 
         QCOMPARE(run.status, 2);
         QCOMPARE(run.err, u"shelvane-catalog: "_s + error.arg(old) + u'\n');
@@ -221,12 +221,12 @@ private Q_SLOTS:
         const QByteArray before = fileFingerprint(catalogue.path());
         const QString old = jetFixture(u"QuireshelfCatalog01.mdb"_s);
 
-        const ToolRun refused = runTool({u"import"_s, old, catalogue.path()});
+        const Run refused = runTool({u"import"_s, old, catalogue.path()});
         QCOMPARE(refused.status, 2);
         QCOMPARE(refused.err, u"shelvane-catalog: %1 exists already (use --force to replace it)\n"_s.arg(catalogue.path()));
         QCOMPARE(fileFingerprint(catalogue.path()), before);
 
-        const ToolRun replaced = runTool({u"import"_s, u"--force"_s, old, catalogue.path()});
+        const Run replaced = runTool({u"import"_s, u"--force"_s, old, catalogue.path()});
         QCOMPARE(replaced.status, 0);
         QCOMPARE(bookCount(catalogue.path()), 120);
     }
@@ -273,7 +273,7 @@ private Q_SLOTS:
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
         QFETCH(QString, usage);
-        const ToolRun run = runTool(arguments);
+        const Run run = runTool(arguments);
 
         QCOMPARE(run.status, 2);
         QCOMPARE(firstLine(run.err), u"shelvane-catalog: "_s + message);
@@ -304,7 +304,7 @@ private Q_SLOTS:
         QFETCH(QStringList, arguments);
         QFETCH(QString, usage);
 
-        const ToolRun run = runTool(arguments);
+        const Run run = runTool(arguments);
 
         QCOMPARE(run.status, 0);
         QCOMPARE(firstLine(run.out), usage);

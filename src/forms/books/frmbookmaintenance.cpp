@@ -6,7 +6,7 @@
 #include "data/datacontrol.h"
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
-#include "forms/books/labelprinter.h"
+#include "forms/books/bookforms.h"
 #include "forms/books/linksides.h"
 #include "recordform/bounddelegate.h"
 #include "recordform/confirmexit.h"
@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString FormName = u"frmBookMaintenance"_s;
+
 
 // The six data controls, in the order in which the form binds them.
 struct DataControlSource
@@ -73,7 +73,7 @@ FrmBookMaintenance::FrmBookMaintenance(MainFrame &frame, QWidget *parent)
     , m_frame(frame)
 {
     ui->setupUi(this);
-    setObjectName(FormName);
+    setObjectName(BookFormName);
     m_stbContents = new RecordStatusBar(
         {RecordStatusBar::Panel::Text, RecordStatusBar::Panel::Text,
          RecordStatusBar::Panel::CapsLock, RecordStatusBar::Panel::NumLock,
@@ -327,7 +327,7 @@ void FrmBookMaintenance::on_cmdPrintLabel_clicked()
                Vb::OKOnly | Vb::Exclamation, u"Print Label"_s);
         return;
     }
-    PrintSingleLabel(ui->txtBookID->text());
+    m_frame.runCommand(u"cmdPrintLabel"_s, ui->txtBookID->text());
 }
 
 bool FrmBookMaintenance::eventFilter(QObject *watched, QEvent *event)

@@ -6,6 +6,7 @@
 #include "data/datacontrol.h"
 #include "data/recordsetmodel.h"
 #include "data/runtimeerror.h"
+#include "forms/books/bookforms.h"
 #include "forms/books/linksides.h"
 #include "recordform/keyfilters.h"
 #include "recordform/msgbox.h"
@@ -63,7 +64,7 @@ void LinkPicker::on_OKButton_clicked()
         return;
     }
     // The book is the one on show now, whichever it was when the picker opened.
-    auto *form = qobject_cast<FrmBookMaintenance *>(m_frame.forms().find(u"frmBookMaintenance"_s));
+    auto *form = qobject_cast<FrmBookMaintenance *>(m_frame.forms().find(BookFormName));
     if (!form || !insertLink(*form, picked))
         return;
     form->RefreshLinks(m_texts.side);

@@ -11,6 +11,7 @@ LinkSideTexts authors()
     LinkSideTexts texts;
     texts.side = LinkSide::Author;
     texts.dialog = u"dlgGetAuthor"_s;
+    texts.helpTopic = 7;
     texts.dialogCaption = u"Author Selection"_s;
     texts.lookupCombo = u"dboAuthorLkup"_s;
     texts.lookupControl = u"adoAuthorLkup"_s;
@@ -43,6 +44,7 @@ LinkSideTexts topics()
     LinkSideTexts texts;
     texts.side = LinkSide::Topic;
     texts.dialog = u"dlgGetTopic"_s;
+    texts.helpTopic = 9;
     texts.dialogCaption = u"Topic Selection"_s;
     texts.lookupCombo = u"dboTopicLkup"_s;
     texts.lookupControl = u"adoTopicLkup"_s;

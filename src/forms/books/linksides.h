@@ -14,6 +14,7 @@ struct LinkSideTexts
 
     // The picker.
     QString dialog;
+    int helpTopic = 0;
     QString dialogCaption;
     QString lookupCombo;
     QString lookupControl;

@@ -9,10 +9,14 @@ using namespace Qt::StringLiterals;
 
 void RegisterFigureForms(MainFrame &frame)
 {
-    frame.forms().registerForm(u"frmBookStats"_s, FormRegistry::Placement::Child, [&frame] {
-        return new FrmBookStats(frame.forms(), frame.session());
-    });
-    frame.forms().registerForm(u"frmPrices"_s, FormRegistry::Placement::Child, [&frame] {
-        return new FrmPrices(frame.forms(), frame.session());
-    });
+    frame.registerForm({.name = u"frmBookStats"_s,
+                        .factory = [&frame] { return new FrmBookStats(frame.forms(), frame.session()); },
+                        .helpTopic = 17,
+                        .menuEntry = u"mnuStats"_s,
+                        .printable = true});
+    frame.registerForm({.name = u"frmPrices"_s,
+                        .factory = [&frame] { return new FrmPrices(frame.forms(), frame.session()); },
+                        .helpTopic = 18,
+                        .menuEntry = u"mnuCollectionValue"_s,
+                        .printable = true});
 }

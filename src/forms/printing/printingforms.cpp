@@ -1,16 +1,18 @@
 #include "forms/printing/printingforms.h"
 
-#include "forms/printing/frmcataloguecontrol.h"
-#include "forms/printing/reportcommands.h"
-
 #include "app/formregistry.h"
 #include "app/mainframe.h"
+#include "forms/printing/frmcataloguecontrol.h"
+#include "forms/printing/reportcommands.h"
 
 using namespace Qt::StringLiterals;
 
 void RegisterPrintingForms(MainFrame &frame)
 {
-    frame.forms().registerForm(u"frmCatalogueControl"_s, FormRegistry::Placement::Child,
-                               [&frame] { return new FrmCatalogueControl(frame); });
+    frame.registerForm({.name = u"frmCatalogueControl"_s,
+                        .factory = [&frame] { return new FrmCatalogueControl(frame); },
+                        .helpTopic = 19,
+                        .menuEntry = u"mnuCatalogueControl"_s,
+                        .printable = true});
     new ReportCommands(frame);
 }

@@ -1,9 +1,9 @@
 #include "forms/printing/reportcommands.h"
 
 #include "app/formregistry.h"
+#include "app/helptopics.h"
 #include "app/mainframe.h"
 #include "data/connection.h"
-#include "forms/books/labelprinter.h"
 #include "forms/printing/showreport.h"
 #include "recordform/msgbox.h"
 #include "recordform/runtimeerrorreport.h"
@@ -14,28 +14,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Each listing's two entry points: its Reports menu entry and its "Reports" drop-down item.
-struct EntryPoints
+// Each listing's Reports menu entry (and so the toolbar's item standing for it).
+const QList<std::pair<CatalogueListing, QString>> &menuEntries()
 {
-    CatalogueListing listing;
-    QString menuEntry;
-    QString dropDownItem;
-};
-
-const QList<EntryPoints> &entryPoints()
-{
-    static const QList<EntryPoints> entries{
-        {CatalogueListing::ByTitle, u"mnuRepTitleOrder"_s, u"TitleRep"_s},
-        {CatalogueListing::ByAuthor, u"mnuRepAuthorOrder"_s, u"AuthorRep"_s},
-        {CatalogueListing::ByTopic, u"mnuRepTopicOrder"_s, u"TopicRep"_s},
+    static const QList<std::pair<CatalogueListing, QString>> entries{
+        {CatalogueListing::ByTitle, u"mnuRepTitleOrder"_s},
+        {CatalogueListing::ByAuthor, u"mnuRepAuthorOrder"_s},
+        {CatalogueListing::ByTopic, u"mnuRepTopicOrder"_s},
     };
     return entries;
 }
 
-const EntryPoints &entryPointsOf(CatalogueListing listing)
-{
-    return entryPoints()[int(listing)];
-}
+// The help topics of the listings' windows and of the labels' windows.
+constexpr int ListingHelpTopic = 20;
+constexpr int LabelHelpTopic = 21;
 
 } // namespace
 
@@ -44,15 +36,16 @@ ReportCommands::ReportCommands(MainFrame &frame)
     , m_frame(frame)
 {
     setObjectName(u"ReportCommands"_s);
-    for (const EntryPoints &entry : entryPoints()) {
-        const CatalogueListing listing = entry.listing;
-        frame.setCommand(entry.menuEntry,
-                         [this, listing] { runListing(listing); });
+    for (const auto &[listing, entry] : menuEntries()) {
+        frame.setCommand(entry, [this, listing = listing] { runListing(listing); });
+        RegisterHelpTopic(ListingInfo(listing).reportName, ListingHelpTopic);
     }
+    for (const ReportDefinition &labels : {LabelSheetDefinition(), SingleLabelDefinition()})
+        RegisterHelpTopic(labels.name, LabelHelpTopic);
     frame.setCommand(u"mnuPrintLabels"_s, [this] { printLabels(); });
-    SetSingleLabelPrinter([this](const QString &bookNumber) {
-        RunHandler([this, bookNumber] { printSingleLabel(bookNumber); });
-    });
+    // The book form's Print Label.
+    frame.setCommand(u"cmdPrintLabel"_s,
+                     [this](const QString &bookNumber) { printSingleLabel(bookNumber); });
     // Compacting the catalogue needs every connection to it closed, deShelvane's included.
     connect(&frame, &MainFrame::closingConnections, this, [this] {
         if (m_deShelvane)
@@ -60,10 +53,7 @@ ReportCommands::ReportCommands(MainFrame &frame)
     });
 }
 
-ReportCommands::~ReportCommands()
-{
-    SetSingleLabelPrinter({});
-}
+ReportCommands::~ReportCommands() = default;
 
 // Points all four connections of a new deShelvane at the open catalogue.
 DataEnvironment &ReportCommands::PrepareDataEnvironment()
@@ -86,11 +76,7 @@ void ReportCommands::runListing(CatalogueListing listing)
     m_deShelvane->close();
 
     ShowReportWindow(m_frame, std::move(document));
-    const EntryPoints &entry = entryPointsOf(listing);
-    for (const QString &name : {entry.menuEntry, entry.dropDownItem}) {
-        if (QAction *action = m_frame.action(name))
-            forms.disableWhileLoaded(reportName, action);
-    }
+    m_frame.disableWhileLoaded(reportName, menuEntries().at(int(listing)).second);
 }
 
 void ReportCommands::printLabels()

@@ -7,6 +7,7 @@
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
 #include "data/runtimeerror.h"
+#include "forms/books/bookforms.h"
 #include "forms/reference/pickonlycombo.h"
 #include "recordform/bounddelegate.h"
 #include "recordform/confirmexit.h"
@@ -480,7 +481,7 @@ bool ReferenceForm::applyPendingEdit()
 void ReferenceForm::refreshBookPublishers()
 {
     for (QWidget *form : m_forms.loadedForms()) {
-        if (form->objectName() == u"frmBookMaintenance")
+        if (form->objectName() == BookFormName)
             QMetaObject::invokeMethod(form, "RefreshPublisherList");
     }
 }

@@ -1,8 +1,25 @@
 #include "forms/reference/referencelist.h"
 
+#include "recordform/prompttexts.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+ReferenceMessage addPrompt(const QString &entity)
+{
+    return {u"Enter "_s + entity + u" details then confirm or cancel.\r\n\r\n"_s + MandatoryNote,
+            u"Add New "_s + entity};
+}
+
+// As each form words it: "author" and "topic", but "Publisher".
+ReferenceMessage deletePrompt(const QString &entity, const QString &asWordedInText)
+{
+    return {u"Are you sure you wish to delete this "_s + asWordedInText + u", \r\n"_s
+                + u"it will also delete the links to any books \r\n"_s
+                + u"that are classified against this "_s + asWordedInText + u"?"_s,
+            u"Delete "_s + entity};
+}
 
 // The key field's tooltip speaks of a book on every form; its wording is kept.
 const QString KeyToolTip = u"Display only field, shows unique book id. Shown on reports."_s;
@@ -23,9 +40,12 @@ ReferenceList authors()
 {
     ReferenceList list;
     list.formName = u"frmAuthor"_s;
+    list.helpTopic = 10;
     list.menuEntry = u"mnuAuthorS"_s;
     list.caption = u"Author Maintenance"_s;
     list.entity = u"Author"_s;
+    list.addPrompt = addPrompt(u"Author"_s);
+    list.deletePrompt = deletePrompt(u"Author"_s, u"author"_s);
     list.edited = {u"adoAuthor"_s, u"select * from tblAuthor order by AuthorSurname"_s};
     list.lookup = {u"adoAuthorLkup"_s, u"select * from tblauthor order by authorsurname"_s};
     list.lookupCombo = u"dboAuthorLkup"_s;
@@ -57,9 +77,12 @@ ReferenceList topics()
 {
     ReferenceList list;
     list.formName = u"frmTopic"_s;
+    list.helpTopic = 11;
     list.menuEntry = u"mnuTopicS"_s;
     list.caption = u"Topic Maintenance"_s;
     list.entity = u"Topic"_s;
+    list.addPrompt = addPrompt(u"Topic"_s);
+    list.deletePrompt = deletePrompt(u"Topic"_s, u"topic"_s);
     list.edited = {u"adoTopic"_s, u"select * from tblTopic order by topicdescription"_s};
     list.lookup = {u"adoTopicLkup"_s, u"select * from tbltopic order by topicdescription"_s};
     list.lookupCombo = u"dboTopicLkup"_s;
@@ -88,9 +111,12 @@ ReferenceList publishers()
 {
     ReferenceList list;
     list.formName = u"frmPublisher"_s;
+    list.helpTopic = 12;
     list.menuEntry = u"mnuPublishers"_s;
     list.caption = u"Publisher Maintenance"_s;
     list.entity = u"Publisher"_s;
+    list.addPrompt = addPrompt(u"Publisher"_s);
+    list.deletePrompt = deletePrompt(u"Publisher"_s, u"Publisher"_s);
     list.edited = {u"adoPublisher"_s, u"select * from tblpublisher order by publishername"_s};
     list.lookup = {u"adoPublisherLkup"_s, u"select * from tblPublisher order by publishername"_s};
     list.lookupCombo = u"dboPublisherLkup"_s;

@@ -55,6 +55,7 @@ struct ReferenceList
 {
     QString formName; // also the settings section of its prompt preferences
     QString menuEntry; // the frame's entry that opens the form, off while it is open
+    int helpTopic = 0;
     QString caption;
     QString entity;   // the status text reads entity + " n of m"
 
@@ -69,6 +70,9 @@ struct ReferenceList
     QList<ReferenceField> fields;
     QString focusAfterAdd;
 
+    // The add and delete prompts (dlgAddPrompt, dlgDelPrompt): their text and caption.
+    ReferenceMessage addPrompt;
+    ReferenceMessage deletePrompt;
     ReferenceMessage added;
     ReferenceMessage removed;
     DeleteRefusal refusal = DeleteRefusal::RunTimeError;

@@ -8,11 +8,17 @@
 void RegisterReferenceForms(MainFrame &frame)
 {
     for (const ReferenceList &list : ReferenceLists()) {
-        frame.forms().registerForm(list.formName, FormRegistry::Placement::Child,
-                                   [&list, &frame] {
-                                       return new ReferenceForm(list, frame.forms(),
-                                                                frame.session(),
-                                                                frame.action(list.menuEntry));
-                                   });
+        frame.registerForm(
+            {.name = list.formName,
+             .factory =
+                 [&list, &frame] {
+                     return new ReferenceForm(list, frame.forms(), frame.session(),
+                                              frame.action(list.menuEntry));
+                 },
+             .helpTopic = list.helpTopic,
+             .addPrompt = FixedWording(list.addPrompt.title, list.addPrompt.text),
+             .deletePrompt = FixedWording(list.deletePrompt.title, list.deletePrompt.text),
+             .menuEntry = list.menuEntry,
+             .printable = true});
     }
 }

@@ -11,6 +11,8 @@ BookBrowserKind topicBrowser()
 {
     BookBrowserKind kind;
     kind.formName = u"frmTopicBook"_s;
+    kind.menuEntry = u"mnuTopicSrch"_s;
+    kind.helpTopic = 15;
     kind.caption = u"Books by Topic"_s;
     kind.tree = u"tvwTopics"_s;
     kind.loadSql =
@@ -43,6 +45,8 @@ BookBrowserKind authorBrowser()
 {
     BookBrowserKind kind;
     kind.formName = u"frmAuthorBook"_s;
+    kind.menuEntry = u"mnuAuthorSrch"_s;
+    kind.helpTopic = 16;
     kind.caption = u"Books by Author"_s;
     kind.tree = u"tvwAuthors"_s;
     kind.loadSql =

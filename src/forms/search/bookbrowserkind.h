@@ -17,6 +17,8 @@ struct DetailBox
 struct BookBrowserKind
 {
     QString formName;
+    QString menuEntry; // and the toolbar's item that stands for it
+    int helpTopic = 0;
     QString caption;
     QString tree;
 

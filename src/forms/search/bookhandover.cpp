@@ -5,12 +5,12 @@
 #include "data/connection.h"
 #include "data/recordset.h"
 #include "data/transactionguard.h"
+#include "forms/books/bookforms.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString BookFormName = u"frmBookMaintenance"_s;
 
 } // namespace
 

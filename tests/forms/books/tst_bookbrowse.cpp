@@ -7,7 +7,6 @@
 #include "app/mainframe.h"
 #include "data/datacontrol.h"
 #include "forms/books/frmbookmaintenance.h"
-#include "forms/books/labelprinter.h"
 #include "recordform/recordstatusbar.h"
 #include "support/finders.h"
 #include "support/screenshot.h"
@@ -538,7 +537,8 @@ private Q_SLOTS:
         SetBookPrompt(u"AddNewPrompt"_s, u"N"_s);
         FrmBookMaintenance *form = fixture.showBooks();
         QString printed;
-        SetSingleLabelPrinter([&printed](const QString &bookNumber) { printed = bookNumber; });
+        fixture.frame().setCommand(u"cmdPrintLabel"_s,
+                                   [&printed](const QString &bookNumber) { printed = bookNumber; });
         Click(FindControl(form, u"cmdPrintLabel"_s));
         QCOMPARE(printed, Shown(form, u"txtBookID"_s));
 
@@ -552,7 +552,6 @@ private Q_SLOTS:
         Click(FindControl(form, u"cmdPrintLabel"_s));
         QCOMPARE(fixture.responder().finish(), QString());
         QVERIFY(printed.isEmpty());
-        SetSingleLabelPrinter({});
     }
 };
 

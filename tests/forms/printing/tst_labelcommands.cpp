@@ -2,7 +2,6 @@
 // the label sheet's window, and what a second run does.
 #include "app/formregistry.h"
 #include "app/mainframe.h"
-#include "forms/books/labelprinter.h"
 #include "forms/printing/printingforms.h"
 #include "forms/printing/reportwindow.h"
 #include "reports/pdfexport.h"
@@ -134,7 +133,7 @@ private Q_SLOTS:
 
     void singleLabelOpensForTheBookShown()
     {
-        PrintSingleLabel(u"17"_s);
+        frame().runCommand(u"cmdPrintLabel"_s, u"17"_s);
         auto *label = qobject_cast<ReportWindow *>(FindForm(u"DataReport5"_s));
         QVERIFY(label);
         const QStringList numbers = TextsOf(AllPages(label->pages()), u"txtBookId"_s);
@@ -146,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(PdfExport::write(label->pages(), pdf, {}, nullptr), PdfExport::Outcome::Written);
         QVERIFY(SavePdfPictures(pdf, u"DataReport5"_s, 1, 1));
 
-        PrintSingleLabel(u"18"_s);
+        frame().runCommand(u"cmdPrintLabel"_s, u"18"_s);
         QTRY_VERIFY(FindForm(u"DataReport5"_s) && FindForm(u"DataReport5"_s) != label);
         label = qobject_cast<ReportWindow *>(FindForm(u"DataReport5"_s));
         QCOMPARE(TextsOf(AllPages(label->pages()), u"txtBookId"_s).constFirst(), u"18"_s);
