@@ -9,7 +9,6 @@
 
 #include "app/compaction.h"
 #include "app/formregistry.h"
-#include "app/helptopics.h"
 #include "app/helpwindow.h"
 #include "app/mainframe.h"
 #include "catalogue/cataloguebackups.h"
@@ -19,6 +18,7 @@
 #include "forms/reference/registerreferenceforms.h"
 #include "support/catalogueopener.h"
 #include "support/finders.h"
+#include "support/formdriver.h"
 #include "support/heldcatalogue.h"
 #include "support/immutablefolder.h"
 #include "support/modalresponder.h"
@@ -32,7 +32,6 @@
 #include <QSignalSpy>
 #include <QSqlQuery>
 #include <QTest>
-#include <QTextBrowser>
 
 #include <memory>
 
@@ -391,22 +390,16 @@ void TestCompaction::helpTopicTellsWhatEachMessageAsks()
 {
     // The help file's number of the compaction topic.
     constexpr int CompactionTopic = 22;
-    ShowHelpTopic(CompactionTopic);
-    QWidget *window = FindForm(u"HelpWindow"_s);
-    QVERIFY(window && QTest::qWaitForWindowExposed(window));
-    const auto *page = FindControl<QTextBrowser>(window, u"helpBrowser"_s);
-    QTRY_COMPARE(page->documentTitle(), u"Compacting the catalogue"_s);
-    const QString text = page->toPlainText();
-    for (const QString &said :
-         {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
-          u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
-          u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
-          u"The re-organised copy could not be written beside"_s, u"Backups"_s,
-          u"No backup copy of the catalogue could be made in"_s})
-        QVERIFY2(text.contains(said), qPrintable(said));
-    window->resize(760, 900);
-    QVERIFY(!SaveScreenshot(window, u"HelpWindow-compact"_s).isEmpty());
-    window->close();
+    const QString lacking = HelpTopicLacks(
+        CompactionTopic, u"Compacting the catalogue"_s,
+        {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
+         u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
+         u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
+         u"The re-organised copy could not be written beside"_s, u"Backups"_s,
+         u"No backup copy of the catalogue could be made in"_s},
+        {760, 900}, u"HelpWindow-compact"_s);
+    QVERIFY2(lacking.isEmpty(), qPrintable(lacking));
+    FindForm(u"HelpWindow"_s)->close();
 }
 
 SHELVANE_TEST_MAIN(TestCompaction)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
+#include <QStringList>
 
 class QLineEdit;
 class QWidget;
@@ -30,3 +32,9 @@ QString BoxText(const QWidget *form, const QString &name);
 
 // The title of the help page shown now; "(no help window)" when none is shown.
 QString ShownHelpTopic();
+
+// Shows help topic `topic` as F1 does and answers what it lacks: its title when another
+// page shows, else each of `texts` that it does not say; empty when it says them all. The
+// help window is left open, `size` large, and a picture of it saved as `screenshot`.
+QString HelpTopicLacks(int topic, const QString &title, const QStringList &texts,
+                       const QSize &size, const QString &screenshot);
