@@ -2,9 +2,9 @@
 
 #include "app/conversionprogress.h"
 #include "catalogue/cataloguefile.h"
-#include "data/catalogueformat.h"
 #include "catalogue/cataloguelock.h"
 #include "catalogue/filereplacement.h"
+#include "data/catalogueformat.h"
 #include "jetimport/catalogueimport.h"
 #include "recordform/msgbox.h"
 
