@@ -95,9 +95,7 @@ QString replaceConverted(const QString &path, const QString &converted, const QS
         return u"another copy of Shelvane has converted it meanwhile."_s;
     if (const QString problem = keepOldFile(path, keptPath); !problem.isEmpty())
         return problem;
-    QString problem = FileReplacement::flushToDisk(converted);
-    if (problem.isEmpty())
-        problem = FileReplacement::renameOver(converted, path);
+    const QString problem = FileReplacement::replace(converted, path);
     if (problem.isEmpty())
         return {};
     QFile::remove(keptPath);

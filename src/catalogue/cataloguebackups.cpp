@@ -142,9 +142,7 @@ QString copyThrough(sqlite3 *source, const QString &destination)
     QFile::remove(partial);
     QString problem = writePartial(source, partial);
     if (problem.isEmpty())
-        problem = FileReplacement::flushToDisk(partial);
-    if (problem.isEmpty())
-        problem = FileReplacement::renameOver(partial, destination);
+        problem = FileReplacement::replace(partial, destination);
     if (!problem.isEmpty())
         QFile::remove(partial);
     return problem;

@@ -126,9 +126,7 @@ void create(const QString &path, bool overwrite, const Filler &fill)
         throw CatalogueFileError(u"cannot make %1: %2"_s.arg(path, e.message()));
     }
     // There is always a whole catalogue under the requested name, the old one or the new one.
-    QString problem = FileReplacement::flushToDisk(temporary.path());
-    if (problem.isEmpty())
-        problem = FileReplacement::renameOver(temporary.path(), path);
+    const QString problem = FileReplacement::replace(temporary.path(), path);
     if (!problem.isEmpty())
         throw CatalogueFileError(u"cannot write %1: %2"_s.arg(path, problem));
     temporary.keep();
