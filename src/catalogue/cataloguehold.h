@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/cataloguelock.h"
+#include "data/privateconnection.h"
 
 #include <QString>
 
@@ -29,6 +30,6 @@ private:
     qint64 dataVersion() const;
 
     CatalogueLock m_lock;
-    QString m_watchName;
+    PrivateConnection m_watch;
     qint64 m_takenAt = -1;
 };
