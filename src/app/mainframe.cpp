@@ -12,13 +12,16 @@
 #include "app/printlist.h"
 #include "app/toolbaricons.h"
 #include "data/providererror.h"
+#include "data/recordset.h"
 #include "data/runtimeerror.h"
 #include "recordform/msgbox.h"
 #include "recordform/promptpreference.h"
 #include "recordform/runtimeerrorreport.h"
+#include "reports/numberformat.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -193,6 +196,18 @@ void MainFrame::closeCatalogue()
            Vb::OKOnly | Vb::Information, u"Close Catalogue"_s);
     m_session.clear();
     showNoCatalogue();
+}
+
+void MainFrame::startSession()
+{
+    connectCatalogue();
+    SetPriceFormat(m_session, QLocale());
+    // The first field of the owner's record is the catalogue's name. A catalogue without that
+    // record is shown by its path instead, so that the caption still says which file is open.
+    Connection &connection = *m_session.cnnCatalogue;
+    const auto owner = connection.execute(u"tblCatalogueControl"_s, CommandType::Table);
+    showCatalogueName(owner->eof() ? QDir::toNativeSeparators(connection.filePath())
+                                   : owner->value(0).toString());
 }
 
 void MainFrame::connectCatalogue()
