@@ -68,6 +68,18 @@ void applyGrowth(QList<PageItem> &items, const QList<qreal> &growth)
     }
 }
 
+// Whether one of the controls that `control` introduces has something to print: more than
+// blanks.
+bool introducesSomething(const ReportControl &control, const QList<PageItem> &items)
+{
+    for (const PageItem &item : items) {
+        if (item.kind == PageItem::Kind::Text && control.shownWith.contains(item.control)
+            && !item.text.trimmed().isEmpty())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 ReportPaginator::ReportPaginator(ReportDefinition definition, std::unique_ptr<BandSource> bands,
@@ -80,6 +92,12 @@ ReportPaginator::ReportPaginator(ReportDefinition definition, std::unique_ptr<Ba
     , m_pageFooter(m_definition.sectionIndex(SectionKind::PageFooter))
     , m_reportFooter(m_definition.sectionIndex(SectionKind::ReportFooter))
 {
+    if (m_pageHeader >= 0) {
+        for (const ReportControl &control : m_definition.sections[m_pageHeader].controls) {
+            if (control.kind == ControlKind::RunningHead)
+                m_runningField = control.field;
+        }
+    }
 }
 
 ReportPaginator::~ReportPaginator() = default;
@@ -113,26 +131,30 @@ bool ReportPaginator::layOutNextPage()
 
     Band footer;
     if (m_pageFooter >= 0)
-        footer = layOut(m_pageFooter, nullptr, -1, page.number);
+        footer = layOut(m_pageFooter, nullptr, -1, Printing{.pageNumber = page.number});
     const qreal bottom = area.bottom() - footer.height;
     qreal y = area.top();
 
     const bool frontPage = !m_reportHeaderDone && m_reportHeader >= 0;
-    if (!frontPage && m_pageHeader >= 0) {
-        const Band header = layOut(m_pageHeader, nullptr, -1, page.number);
-        place(page, header, {area.left(), y});
-        y += header.height;
-    }
-    const qreal contentTop = y;
+    // The page header's room is kept now; what its running head says is known only once the
+    // page's entries are in place.
+    const bool headed = !frontPage && m_pageHeader >= 0;
+    if (headed)
+        y += layOut(m_pageHeader, nullptr, -1, Printing{.pageNumber = page.number}).height;
     bool pageFull = false;
     if (frontPage) {
-        const Band header = layOut(m_reportHeader, nullptr, -1, page.number);
+        const Band header =
+            layOut(m_reportHeader, nullptr, -1, Printing{.pageNumber = page.number});
         place(page, header, {area.left(), y});
         y += header.height;
         pageFull = m_definition.sections[m_reportHeader].pageBreakAfter;
     }
     m_reportHeaderDone = true;
+    if (!pageFull)
+        placeContinuedHeading(page, y);
 
+    const qreal contentTop = y;
+    QStringList running; // the running head's values of the page's entries
     while (!pageFull) {
         const Band *band = peek(0);
         if (!band)
@@ -148,23 +170,60 @@ bool ReportPaginator::layOutNextPage()
         const Band placed = take();
         place(page, placed, {area.left(), y});
         y += placed.height;
+        if (!placed.running.isEmpty())
+            running.append(placed.running);
     }
 
+    if (headed) {
+        const Printing printing{.pageNumber = page.number, .runningHead = runningHead(running)};
+        ReportPage header;
+        place(header, layOut(m_pageHeader, nullptr, -1, printing), area.topLeft());
+        page.items = header.items + page.items;
+    }
     place(page, footer, {area.left(), bottom});
     m_pages.push_back(std::move(page));
     m_complete = !peek(0);
     return true;
 }
 
+// A page that goes on with the group of the page before it opens with that group's heading,
+// marked as continued, unless all that is left of the group is its footer.
+void ReportPaginator::placeContinuedHeading(ReportPage &page, qreal &y)
+{
+    if (!m_openHeading)
+        return;
+    const Band *next = peek(0);
+    if (!next || next->section == m_headingEnd)
+        return;
+    place(page, *m_openHeading, {page.printableRect.left(), y});
+    y += m_openHeading->height;
+}
+
+// The first and last value of the running head's field among the page's entries, as a
+// dictionary heads its pages; one value when they are the same.
+QString ReportPaginator::runningHead(const QStringList &values)
+{
+    if (values.isEmpty())
+        return {};
+    const QString &first = values.constFirst();
+    const QString &last = values.constLast();
+    return first == last ? first : first + u" \u2013 "_s + last;
+}
+
 const ReportPaginator::Band *ReportPaginator::peek(size_t ahead)
 {
     while (m_ahead.size() <= ahead && !m_sourceDone) {
         if (const std::optional<BandRow> row = m_bands->next()) {
-            m_ahead.push_back(layOut(row->section, row->records, row->row, 0));
+            Band band = layOut(row->section, row->records, row->row, Printing{});
+            if (!m_definition.sections[row->section].continuedUntil.isEmpty()) {
+                band.continued = std::make_shared<const Band>(
+                    layOut(row->section, row->records, row->row, Printing{.continued = true}));
+            }
+            m_ahead.push_back(std::move(band));
         } else {
             m_sourceDone = true;
             if (m_reportFooter >= 0)
-                m_ahead.push_back(layOut(m_reportFooter, nullptr, -1, 0));
+                m_ahead.push_back(layOut(m_reportFooter, nullptr, -1, Printing{}));
         }
     }
     return ahead < m_ahead.size() ? &m_ahead[ahead] : nullptr;
@@ -174,6 +233,13 @@ ReportPaginator::Band ReportPaginator::take()
 {
     Band band = std::move(m_ahead.front());
     m_ahead.pop_front();
+    if (band.continued) {
+        m_openHeading = band.continued;
+        m_headingEnd = m_definition.sectionIndex(m_definition.sections[band.section].continuedUntil);
+    } else if (band.section == m_headingEnd) {
+        m_openHeading.reset();
+        m_headingEnd = -1;
+    }
     return band;
 }
 
@@ -186,18 +252,17 @@ void ReportPaginator::place(ReportPage &page, const Band &band, QPointF at)
 }
 
 ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset *records,
-                                              int row, int pageNumber)
+                                              int row, const Printing &printing)
 {
     const ReportSection &section = m_definition.sections[sectionIndex];
     Band band;
     band.section = sectionIndex;
     band.items.reserve(section.controls.size());
     QList<qreal> growth(section.controls.size(), 0);
-    QList<qsizetype> absent;
+    QList<bool> leftOut(section.controls.size(), false);
     for (qsizetype i = 0; i < section.controls.size(); ++i) {
         const ReportControl &control = section.controls[i];
-        if (!control.presentWith.isEmpty() && !hasValue(records, row, control.presentWith))
-            absent.append(i);
+        leftOut[i] = !control.presentWith.isEmpty() && !hasValue(records, row, control.presentWith);
         PageItem item;
         item.kind = itemKind(control.kind);
         item.rect = control.rect;
@@ -206,7 +271,9 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
         item.section = section.name;
         item.control = control.name;
         if (isText(control.kind)) {
-            const QString text = textOf(control, records, row, pageNumber);
+            QString text = textOf(control, records, row, printing);
+            if (printing.continued)
+                text += control.whenContinued;
             const QFontMetricsF &fm = metrics(control.style);
             const qreal width = control.rect.width();
             qreal advance = fm.horizontalAdvance(text);
@@ -230,8 +297,15 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
         band.items.append(std::move(item));
     }
     applyGrowth(band.items, growth);
-    for (auto index = absent.crbegin(); index != absent.crend(); ++index)
-        band.items.removeAt(*index);
+    standBefore(section, band.items);
+    for (qsizetype i = 0; i < section.controls.size(); ++i) {
+        if (!section.controls[i].shownWith.isEmpty())
+            leftOut[i] = leftOut[i] || !introducesSomething(section.controls[i], band.items);
+    }
+    for (qsizetype i = leftOut.size() - 1; i >= 0; --i) {
+        if (leftOut[i])
+            band.items.removeAt(i);
+    }
     qreal total = section.height;
     for (qreal grown : growth)
         total += grown;
@@ -240,7 +314,32 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
     band.items.removeIf([](const PageItem &item) {
         return item.kind == PageItem::Kind::Text && item.text.isEmpty();
     });
+    if (records && !m_runningField.isEmpty()) {
+        const int field = records->fieldIndex(m_runningField);
+        if (field >= 0)
+            band.running = records->valueAt(row, field).toString();
+    }
     return band;
+}
+
+// Moves each caption that stands before another control so that its text ends where that
+// control's text begins.
+void ReportPaginator::standBefore(const ReportSection &section, QList<PageItem> &items)
+{
+    for (qsizetype i = 0; i < section.controls.size(); ++i) {
+        const QString &target = section.controls[i].standsBefore;
+        if (target.isEmpty())
+            continue;
+        PageItem &caption = items[i];
+        for (const PageItem &other : std::as_const(items)) {
+            if (other.control != target || other.wraps)
+                continue;
+            const qreal captionEnd = caption.rect.left() + caption.textOrigin.x()
+                                     + metrics(caption.style).horizontalAdvance(caption.text);
+            caption.rect.translate(other.rect.left() + other.textOrigin.x() - captionEnd, 0);
+            break;
+        }
+    }
 }
 
 bool ReportPaginator::hasValue(const Recordset *records, int row, const QString &field)
@@ -252,15 +351,17 @@ bool ReportPaginator::hasValue(const Recordset *records, int row, const QString 
 }
 
 QString ReportPaginator::textOf(const ReportControl &control, const Recordset *records, int row,
-                                int pageNumber) const
+                                const Printing &printing) const
 {
     switch (control.kind) {
     case ControlKind::Label:
         return control.caption;
     case ControlKind::PageNumber:
-        return QString::number(pageNumber);
+        return QString::number(printing.pageNumber);
     case ControlKind::PrintDate:
         return control.caption + m_printDate;
+    case ControlKind::RunningHead:
+        return printing.runningHead;
     case ControlKind::TextBox: {
         if (!records)
             return {};
