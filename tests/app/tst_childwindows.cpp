@@ -1,5 +1,6 @@
 // Every child window of the frame as a user opens it at the frame's default size: wholly
-// inside the workspace, closed by Ctrl+F4; a report's "Fit page" shows its whole page.
+// inside the workspace, closed by Ctrl+F4; a report's "Fit page" shows its whole page; and
+// tiling or cascading never squeezes a form below the size its fields and status bar need.
 #include "app/formregistry.h"
 #include "app/mainframe.h"
 #include "forms/registerforms.h"
@@ -18,6 +19,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +103,23 @@ class TestChildWindows : public QObject
         QVERIFY(!area()->horizontalScrollBar()->isVisible());
     }
 
+    // The form's status bar, if it has one, and the form itself are not cut off by the
+    // window round them.
+    void verifyNotSqueezed(const QMdiSubWindow *window)
+    {
+        const QWidget *form = window->widget();
+        const QSize needed = form->minimumSizeHint();
+        QVERIFY2(form->width() >= needed.width() && form->height() >= needed.height(),
+                 qPrintable(form->objectName() + u" squeezed to %1x%2, needs %3x%4"_s
+                            .arg(form->width()).arg(form->height())
+                            .arg(needed.width()).arg(needed.height())));
+        QVERIFY2(window->rect().contains(placeIn(form, window)),
+                 qPrintable(form->objectName() + u" runs past its window"_s));
+        if (const QStatusBar *status = form->findChild<QStatusBar *>())
+            QVERIFY2(window->rect().contains(placeIn(status, window)),
+                     qPrintable(form->objectName() + u"'s status bar is cut off"_s));
+    }
+
 private Q_SLOTS:
     void init()
     {
@@ -169,6 +188,32 @@ private Q_SLOTS:
                  qPrintable(u"the page's view is "_s + describe(shown) + u" in a workspace of "_s
                             + describe(area()->viewport()->rect())));
         QVERIFY(!scroller->verticalScrollBar()->isVisible());
+    }
+
+    void arrangingNeverSqueezesAForm_data()
+    {
+        QTest::addColumn<QString>("arrangement");
+        QTest::newRow("tile horizontally") << u"mnuTileHorizontally"_s;
+        QTest::newRow("tile vertically") << u"mnuTileVertically"_s;
+        QTest::newRow("cascade") << u"mnuCascade"_s;
+    }
+
+    void arrangingNeverSqueezesAForm()
+    {
+        QFETCH(QString, arrangement);
+        QList<QMdiSubWindow *> windows;
+        // Every form with a status bar, and the search, the largest of the rest.
+        for (const QString &way : {u"toolbar:Book"_s, u"menu:mnuAuthorS"_s, u"menu:mnuTopicSrch"_s,
+                                   u"menu:mnuPublishers"_s, u"menu:mnuTopicS"_s,
+                                   u"menu:mnuAuthorSrch"_s, u"menu:mnuSearch"_s})
+            windows.append(open(way));
+        frame().action(arrangement)->trigger();
+        QCoreApplication::processEvents();
+        for (const QMdiSubWindow *window : std::as_const(windows)) {
+            QVERIFY(window);
+            verifyNotSqueezed(window);
+        }
+        QVERIFY(!SaveScreenshot(&frame(), u"childwindows-"_s + arrangement).isEmpty());
     }
 };
 
