@@ -106,7 +106,7 @@ const ReportPage *ReportPaginator::page(int index)
 {
     while (index >= int(m_pages.size()) && layOutNextPage()) {
     }
-    if (index < 0 || index >= int(m_pages.size()))
+    if (index < m_released || index >= int(m_pages.size()))
         return nullptr;
     return &m_pages[size_t(index)];
 }
@@ -116,6 +116,12 @@ int ReportPaginator::pageCount()
     while (layOutNextPage()) {
     }
     return int(m_pages.size());
+}
+
+void ReportPaginator::releasePagesBefore(int index)
+{
+    for (; m_released < std::min(index, int(m_pages.size())); ++m_released)
+        m_pages[size_t(m_released)].items = QList<PageItem>();
 }
 
 bool ReportPaginator::layOutNextPage()

@@ -37,6 +37,9 @@ public:
     bool isComplete() const { return m_complete; }
     // Lays out every page.
     int pageCount();
+    // A device that takes the pages in order needs those it has taken no more: their items
+    // are freed, and page() gives them no longer.
+    void releasePagesBefore(int index);
 
 private:
     struct Band
@@ -85,5 +88,6 @@ private:
     int m_headingEnd = -1;
     // A deque, so that pages handed out stay where they are while more are laid out.
     std::deque<ReportPage> m_pages;
+    int m_released = 0; // pages before this one have been released
     QHash<QString, std::shared_ptr<QFontMetricsF>> m_metrics;
 };
