@@ -2,7 +2,6 @@
 
 #include "data/recordset.h"
 #include "reports/numberformat.h"
-#include "reports/reportfont.h"
 
 #include <QFontMetricsF>
 #include <QLocale>
@@ -40,15 +39,12 @@ qreal alignedLeft(Qt::Alignment alignment, qreal boxWidth, qreal advance)
     return 0;
 }
 
-QString styleKey(const TextStyle &style)
-{
-    return u"%1/%2/%3"_s.arg(style.size).arg(style.bold).arg(style.italic);
-}
-
 // How much each control grows (or, shrinking, gives back), and where that leaves the others:
 // a control below a grown one moves down by its growth, one that encloses it stretches.
 void applyGrowth(QList<PageItem> &items, const QList<qreal> &growth)
 {
+    if (std::all_of(growth.cbegin(), growth.cend(), [](qreal grown) { return grown == 0; }))
+        return;
     const QList<PageItem> designed = items;
     for (qsizetype j = 0; j < items.size(); ++j) {
         const QRectF &own = designed[j].rect;
@@ -91,6 +87,7 @@ ReportPaginator::ReportPaginator(ReportDefinition definition, std::unique_ptr<Ba
     , m_pageHeader(m_definition.sectionIndex(SectionKind::PageHeader))
     , m_pageFooter(m_definition.sectionIndex(SectionKind::PageFooter))
     , m_reportFooter(m_definition.sectionIndex(SectionKind::ReportFooter))
+    , m_measure(m_definition.fontFamily)
 {
     if (m_pageHeader >= 0) {
         for (const ReportControl &control : m_definition.sections[m_pageHeader].controls) {
@@ -151,7 +148,7 @@ bool ReportPaginator::layOutNextPage()
     if (frontPage) {
         const Band header =
             layOut(m_reportHeader, nullptr, -1, Printing{.pageNumber = page.number});
-        place(page, header, {area.left(), y});
+        place(page.items, header.items, {area.left(), y});
         y += header.height;
         pageFull = m_definition.sections[m_reportHeader].pageBreakAfter;
     }
@@ -173,20 +170,20 @@ bool ReportPaginator::layOutNextPage()
         // On an empty page a band goes in whatever its height, or it would never be printed.
         if (y + needed > bottom && y > contentTop)
             break;
-        const Band placed = take();
-        place(page, placed, {area.left(), y});
-        y += placed.height;
+        Band placed = take();
         if (!placed.running.isEmpty())
             running.append(placed.running);
+        place(page.items, std::move(placed.items), {area.left(), y});
+        y += placed.height;
     }
 
     if (headed) {
         const Printing printing{.pageNumber = page.number, .runningHead = runningHead(running)};
-        ReportPage header;
-        place(header, layOut(m_pageHeader, nullptr, -1, printing), area.topLeft());
-        page.items = header.items + page.items;
+        QList<PageItem> header;
+        place(header, layOut(m_pageHeader, nullptr, -1, printing).items, area.topLeft());
+        page.items = header + page.items;
     }
-    place(page, footer, {area.left(), bottom});
+    place(page.items, std::move(footer.items), {area.left(), bottom});
     m_pages.push_back(std::move(page));
     m_complete = !peek(0);
     return true;
@@ -201,7 +198,7 @@ void ReportPaginator::placeContinuedHeading(ReportPage &page, qreal &y)
     const Band *next = peek(0);
     if (!next || next->section == m_headingEnd)
         return;
-    place(page, *m_openHeading, {page.printableRect.left(), y});
+    place(page.items, m_openHeading->items, {page.printableRect.left(), y});
     y += m_openHeading->height;
 }
 
@@ -249,18 +246,18 @@ ReportPaginator::Band ReportPaginator::take()
     return band;
 }
 
-void ReportPaginator::place(ReportPage &page, const Band &band, QPointF at)
+void ReportPaginator::place(QList<PageItem> &onto, QList<PageItem> items, QPointF at)
 {
-    for (PageItem item : band.items) {
+    for (PageItem &item : items)
         item.rect.translate(at);
-        page.items.append(std::move(item));
-    }
+    onto.append(std::move(items));
 }
 
 ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset *records,
                                               int row, const Printing &printing)
 {
     const ReportSection &section = m_definition.sections[sectionIndex];
+    const Fields *fields = records ? &fieldsOf(sectionIndex, *records) : nullptr;
     Band band;
     band.section = sectionIndex;
     band.items.reserve(section.controls.size());
@@ -268,7 +265,10 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
     QList<bool> leftOut(section.controls.size(), false);
     for (qsizetype i = 0; i < section.controls.size(); ++i) {
         const ReportControl &control = section.controls[i];
-        leftOut[i] = !control.presentWith.isEmpty() && !hasValue(records, row, control.presentWith);
+        if (!control.presentWith.isEmpty()) {
+            const int presence = fields ? fields->presence[i] : -1;
+            leftOut[i] = presence < 0 || records->valueAt(row, presence).isNull();
+        }
         PageItem item;
         item.kind = itemKind(control.kind);
         item.rect = control.rect;
@@ -277,12 +277,12 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
         item.section = section.name;
         item.control = control.name;
         if (isText(control.kind)) {
-            QString text = textOf(control, records, row, printing);
+            QString text = textOf(control, records, row, fields ? fields->value[i] : -1, printing);
             if (printing.continued)
                 text += control.whenContinued;
-            const QFontMetricsF &fm = metrics(control.style);
+            const QFontMetricsF &fm = m_measure.metrics(control.style);
             const qreal width = control.rect.width();
-            qreal advance = fm.horizontalAdvance(text);
+            qreal advance = m_measure.advance(control.style, text);
             if (text.isEmpty() && control.canShrink) {
                 growth[i] = -control.rect.height();
             } else if (control.canGrow) {
@@ -293,9 +293,11 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
                                                 : fm.height();
                 growth[i] = std::max<qreal>(0, needed - control.rect.height());
                 item.text = text;
-            } else {
-                item.text = advance > width ? fm.elidedText(text, Qt::ElideRight, width) : text;
+            } else if (advance > width) {
+                item.text = fm.elidedText(text, Qt::ElideRight, width);
                 advance = fm.horizontalAdvance(item.text);
+            } else {
+                item.text = text;
             }
             item.textOrigin = QPointF(alignedLeft(control.style.alignment, width, advance),
                                       fm.ascent());
@@ -320,12 +322,29 @@ ReportPaginator::Band ReportPaginator::layOut(int sectionIndex, const Recordset 
     band.items.removeIf([](const PageItem &item) {
         return item.kind == PageItem::Kind::Text && item.text.isEmpty();
     });
-    if (records && !m_runningField.isEmpty()) {
-        const int field = records->fieldIndex(m_runningField);
-        if (field >= 0)
-            band.running = records->valueAt(row, field).toString();
-    }
+    if (fields && fields->running >= 0)
+        band.running = records->valueAt(row, fields->running).toString();
     return band;
+}
+
+// Where a section's controls find their fields: looked up by name once for each kind of row,
+// not for every control of every row.
+const ReportPaginator::Fields &ReportPaginator::fieldsOf(int sectionIndex, const Recordset &records)
+{
+    Fields &fields = m_fields[sectionIndex];
+    const QStringList names = records.fieldNames();
+    if (fields.names == names && !fields.value.isEmpty())
+        return fields;
+    fields.names = names;
+    fields.value.clear();
+    fields.presence.clear();
+    for (const ReportControl &control : m_definition.sections[sectionIndex].controls) {
+        fields.value.append(control.field.isEmpty() ? -1 : records.fieldIndex(control.field));
+        fields.presence.append(control.presentWith.isEmpty() ? -1
+                                                             : records.fieldIndex(control.presentWith));
+    }
+    fields.running = m_runningField.isEmpty() ? -1 : records.fieldIndex(m_runningField);
+    return fields;
 }
 
 // Moves each caption that stands before another control so that its text ends where that
@@ -341,23 +360,15 @@ void ReportPaginator::standBefore(const ReportSection &section, QList<PageItem> 
             if (other.control != target || other.wraps)
                 continue;
             const qreal captionEnd = caption.rect.left() + caption.textOrigin.x()
-                                     + metrics(caption.style).horizontalAdvance(caption.text);
+                                     + m_measure.advance(caption.style, caption.text);
             caption.rect.translate(other.rect.left() + other.textOrigin.x() - captionEnd, 0);
             break;
         }
     }
 }
 
-bool ReportPaginator::hasValue(const Recordset *records, int row, const QString &field)
-{
-    if (!records)
-        return false;
-    const int index = records->fieldIndex(field);
-    return index >= 0 && !records->valueAt(row, index).isNull();
-}
-
 QString ReportPaginator::textOf(const ReportControl &control, const Recordset *records, int row,
-                                const Printing &printing) const
+                                int field, const Printing &printing) const
 {
     switch (control.kind) {
     case ControlKind::Label:
@@ -371,7 +382,6 @@ QString ReportPaginator::textOf(const ReportControl &control, const Recordset *r
     case ControlKind::TextBox: {
         if (!records)
             return {};
-        const int field = records->fieldIndex(control.field);
         if (field < 0)
             throw ProviderError::general(ProviderErrorNumber::ItemNotFound,
                                          u"Data field '%1' not found"_s.arg(control.field));
@@ -382,12 +392,3 @@ QString ReportPaginator::textOf(const ReportControl &control, const Recordset *r
     }
 }
 
-const QFontMetricsF &ReportPaginator::metrics(const TextStyle &style)
-{
-    const QString key = styleKey(style);
-    auto found = m_metrics.constFind(key);
-    if (found == m_metrics.cend())
-        found = m_metrics.insert(key, std::make_shared<QFontMetricsF>(
-                                          ReportFont(m_definition.fontFamily, style)));
-    return **found;
-}

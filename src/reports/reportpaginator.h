@@ -3,15 +3,14 @@
 #include "reports/bandsource.h"
 #include "reports/reportdefinition.h"
 #include "reports/reportpage.h"
+#include "reports/textmeasure.h"
 
 #include <QDate>
-#include <QHash>
 #include <QList>
 
 #include <deque>
 #include <memory>
-
-class QFontMetricsF;
+#include <unordered_map>
 
 // Lays a report's sections out into pages, one page at a time and only as far as asked:
 // the first page of a long catalogue is ready without the rest. A section is never split
@@ -52,6 +51,15 @@ private:
         // A heading printed again on the pages its group runs onto: this one, continued.
         std::shared_ptr<const Band> continued;
     };
+    // The field each control of a section reads, and the one it is present with, in rows
+    // with these field names; -1 for none.
+    struct Fields
+    {
+        QStringList names;
+        QList<int> value;
+        QList<int> presence;
+        int running = -1;
+    };
     // What a section's texts may say besides its row's fields.
     struct Printing
     {
@@ -64,14 +72,14 @@ private:
     void placeContinuedHeading(ReportPage &page, qreal &y);
     Band layOut(int section, const Recordset *records, int row, const Printing &printing);
     static QString runningHead(const QStringList &values);
-    static bool hasValue(const Recordset *records, int row, const QString &field);
     void standBefore(const ReportSection &section, QList<PageItem> &items);
-    QString textOf(const ReportControl &control, const Recordset *records, int row,
+    QString textOf(const ReportControl &control, const Recordset *records, int row, int field,
                    const Printing &printing) const;
     const Band *peek(size_t ahead);
     Band take();
-    static void place(ReportPage &page, const Band &band, QPointF at);
-    const QFontMetricsF &metrics(const TextStyle &style);
+    // Puts a band's items on a page, the band's top left at `at`.
+    static void place(QList<PageItem> &onto, QList<PageItem> items, QPointF at);
+    const Fields &fieldsOf(int section, const Recordset &records);
 
     ReportDefinition m_definition;
     std::unique_ptr<BandSource> m_bands;
@@ -89,5 +97,6 @@ private:
     // A deque, so that pages handed out stay where they are while more are laid out.
     std::deque<ReportPage> m_pages;
     int m_released = 0; // pages before this one have been released
-    QHash<QString, std::shared_ptr<QFontMetricsF>> m_metrics;
+    TextMeasure m_measure;
+    std::unordered_map<int, Fields> m_fields; // by section
 };
