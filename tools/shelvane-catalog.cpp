@@ -327,8 +327,16 @@ int runCommand(const Command &command, const QStringList &args)
 
 int main(int argc, char *argv[])
 {
-    // Only a report draws pages: it needs fonts, never a display.
-    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0;
+    // Only a report draws pages: it needs fonts, never a display. Its help draws nothing, and
+    // says nothing of a graphical system that is not there.
+    const auto asksForHelp = [&] {
+        for (int i = 2; i < argc; ++i) {
+            if (qstrcmp(argv[i], "--help") == 0 || qstrcmp(argv[i], "-h") == 0)
+                return true;
+        }
+        return false;
+    };
+    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0 && !asksForHelp();
     if (drawsPages)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::unique_ptr<QCoreApplication> app =
