@@ -110,6 +110,16 @@ class TestHelpWindow : public QObject
 {
     Q_OBJECT
 
+    // Shows the contents and checks that the window, frame and all, lies on its screen.
+    void showAndVerifyOnScreen()
+    {
+        ShowHelpTopic(HelpTopic::Contents);
+        QVERIFY(QTest::qWaitForWindowExposed(helpWindow()));
+        const QRect screen = helpWindow()->screen()->availableGeometry();
+        QVERIFY2(screen.contains(helpWindow()->frameGeometry()),
+                 qPrintable(describe(helpWindow()->frameGeometry()) + u" on "_s + describe(screen)));
+    }
+
 private Q_SLOTS:
     void init() { TestEnvironment::clearSettings(); }
     void cleanup()
@@ -277,11 +287,7 @@ private Q_SLOTS:
     // opens wholly on the screen, frame and all.
     void opensWhollyOnItsScreen()
     {
-        ShowHelpTopic(HelpTopic::Contents);
-        QVERIFY(QTest::qWaitForWindowExposed(helpWindow()));
-        const QRect screen = helpWindow()->screen()->availableGeometry();
-        QVERIFY2(screen.contains(helpWindow()->frameGeometry()),
-                 qPrintable(describe(helpWindow()->frameGeometry()) + u" on "_s + describe(screen)));
+        showAndVerifyOnScreen();
     }
 
     // A place kept from a taller screen (640 pixels tall from 275 down), or from a screen no
@@ -301,11 +307,7 @@ private Q_SLOTS:
         QWidget elsewhere;
         elsewhere.setGeometry(kept);
         QSettings().setValue(u"HelpWindow/Geometry"_s, elsewhere.saveGeometry());
-        ShowHelpTopic(HelpTopic::Contents);
-        QVERIFY(QTest::qWaitForWindowExposed(helpWindow()));
-        const QRect screen = helpWindow()->screen()->availableGeometry();
-        QVERIFY2(screen.contains(helpWindow()->frameGeometry()),
-                 qPrintable(describe(helpWindow()->frameGeometry()) + u" on "_s + describe(screen)));
+        showAndVerifyOnScreen();
     }
 
     void sizeAndPlaceAreKept()
