@@ -7,6 +7,7 @@
 #include "app/frmabout.h"
 #include "app/frmopen.h"
 #include "app/helptopics.h"
+#include "app/keepbackup.h"
 #include "app/mdiwindows.h"
 #include "app/printlist.h"
 #include "app/toolbaricons.h"
@@ -187,6 +188,7 @@ void MainFrame::closeCatalogue()
     // A form that keeps an edit the user chose not to lose keeps the catalogue open too.
     if (!m_forms->unloadAll())
         return;
+    KeepBackupIfChanged(m_session);
     MsgBox(u"Catalogue "_s + m_session.strCataloguePath + u" closed!"_s,
            Vb::OKOnly | Vb::Information, u"Close Catalogue"_s);
     m_session.clear();
@@ -195,8 +197,7 @@ void MainFrame::closeCatalogue()
 
 void MainFrame::connectCatalogue()
 {
-    m_session.cnnCatalogue = std::make_unique<Connection>();
-    m_session.cnnCatalogue->open(m_session.connectionString(), QString(), QString());
+    m_session.connect();
     // Prepared out of sight; the books command brings it up.
     for (const FormEntry &entry : m_forms->entries()) {
         if (entry.loadedWithCatalogue)
@@ -211,6 +212,7 @@ void MainFrame::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    KeepBackupIfChanged(m_session);
     m_session.clear();
     QMainWindow::closeEvent(event);
 }

@@ -122,6 +122,13 @@ void Connection::open(const QString &connectionString, const QString &user,
             QSqlDatabase::removeDatabase(name);
             fail(error);
         }
+        // A committed change must outlive a power cut. With the rollback journal (which keeps
+        // the catalogue one file that can be copied, as WAL would not) a commit is the
+        // journal's deletion; EXTRA makes that deletion reach the disk before the commit
+        // returns, where FULL would leave a journal that can come back and undo it. Set once
+        // the file is known to be readable, so that a locked file keeps the open waiting once.
+        pragma.exec(u"PRAGMA journal_mode = DELETE"_s);
+        pragma.exec(u"PRAGMA synchronous = EXTRA"_s);
         shadowStoredQueries(db);
     }
     m_name = name;

@@ -55,6 +55,15 @@ void PromptDialog::Ask(PromptKind kind, const QString &calledFrom)
     dialog.exec();
 }
 
+bool PromptDialog::GoAhead(PromptKind kind, const QString &calledFrom, int &answer)
+{
+    if (PromptWanted(calledFrom, kind))
+        Ask(kind, calledFrom);
+    else
+        answer = AnswerGoAhead;
+    return answer == AnswerGoAhead;
+}
+
 void PromptDialog::chooseTexts()
 {
     // Only the search form has a hit count; every other caller words its prompt without one.

@@ -28,6 +28,9 @@ public:
 
     // Shows the prompt modally over the active window for the form named calledFrom.
     static void Ask(PromptKind kind, const QString &calledFrom);
+    // A form's question before it acts: the prompt when the user wants it, whose answer the
+    // form's ReceivePromptAnswer keeps in `answer`, else going ahead. Answers whether to.
+    static bool GoAhead(PromptKind kind, const QString &calledFrom, int &answer);
 
 private Q_SLOTS:
     void on_OKButton_clicked();

@@ -251,6 +251,12 @@ private Q_SLOTS:
         QTest::newRow("import without NEW") << QStringList{u"import"_s, u"old.mdb"_s} << u"no NEW given"_s << importUsage;
         QTest::newRow("import of three") << QStringList{u"import"_s, u"a.mdb"_s, u"b.mdb"_s, u"c.mdb"_s}
                                          << u"unexpected argument \"c.mdb\""_s << importUsage;
+        QTest::newRow("restore without CATALOGUE")
+            << QStringList{u"restore"_s, u"backup.mdb"_s} << u"no CATALOGUE given"_s
+            << u"Usage: shelvane-catalog restore BACKUP CATALOGUE"_s;
+        QTest::newRow("backup --to without folder")
+            << QStringList{u"backup"_s, u"x.mdb"_s, u"--to"_s} << u"--to needs a value"_s
+            << u"Usage: shelvane-catalog backup CATALOGUE [--to FOLDER]"_s;
         for (const QString &books : {u"0"_s, u"40000"_s, u"abc"_s}) {
             QTest::addRow("--books %s", qPrintable(books))
                 << QStringList{u"generate"_s, u"x.mdb"_s, u"--books"_s, books}
@@ -293,6 +299,10 @@ private Q_SLOTS:
                                 << u"Usage: shelvane-catalog export PATH --csv OUT.csv [--force]"_s;
         QTest::newRow("import-csv") << QStringList{u"import-csv"_s, u"--help"_s}
                                     << u"Usage: shelvane-catalog import-csv CSV CATALOGUE [--dry-run]"_s;
+        QTest::newRow("backup") << QStringList{u"backup"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog backup CATALOGUE [--to FOLDER]"_s;
+        QTest::newRow("restore") << QStringList{u"restore"_s, u"--help"_s}
+                                 << u"Usage: shelvane-catalog restore BACKUP CATALOGUE"_s;
     }
 
     void helpIsThereForEveryCommand()

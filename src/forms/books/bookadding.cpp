@@ -1,17 +1,14 @@
-// Adding a book, and the checks that guard adding and editing alike.
+// The book form's part in the shared record-form behaviour, and the checks that guard adding
+// and editing alike.
 
 #include "forms/books/frmbookmaintenance.h"
 
+#include "app/mainframe.h"
 #include "data/datacontrol.h"
-#include "data/runtimeerror.h"
-#include "recordform/mandatoryfield.h"
 #include "recordform/msgbox.h"
-#include "recordform/promptdialog.h"
-#include "recordform/promptpreference.h"
-#include "recordform/runtimeerrorreport.h"
+#include "recordform/recordformcontroller.h"
 #include "ui_frmbookmaintenance.h"
 
-#include <QDataWidgetMapper>
 
 using namespace Qt::StringLiterals;
 
@@ -51,89 +48,48 @@ QString textOf(const QWidget *field)
 
 } // namespace
 
-bool FrmBookMaintenance::PromptWanted(const QString &action) const
+void FrmBookMaintenance::makeController()
 {
-    if (action == u"Add")
-        return ::PromptWanted(objectName(), PromptKind::AddNew);
-    if (action == u"Delete")
-        return ::PromptWanted(objectName(), PromptKind::Delete);
-    return false;
-}
-
-// The answer is not reset first: a prompt closed by its frame leaves the last one standing.
-void FrmBookMaintenance::askPrompt(const QString &action)
-{
-    if (PromptWanted(action))
-        PromptDialog::Ask(action == u"Add" ? PromptKind::AddNew : PromptKind::Delete, objectName());
-    else
-        PromptAnswer = PromptDialog::AnswerGoAhead;
-}
-
-void FrmBookMaintenance::on_cmdAdd_clicked()
-{
-    RunHandler([this] {
-        askPrompt(u"Add"_s);
-        if (PromptAnswer != PromptDialog::AnswerGoAhead)
-            return;
-        submitEdits();
-        Recordset *rs = books();
-        if (BookCount > 0)
-            SavedBookmark = rs->bookmark();
-        rs->addNew();
-        SetAddMode(true);
+    RecordFormParts parts;
+    parts.form = this;
+    parts.entity = u"Book"_s;
+    parts.statusBar = m_stbContents;
+    parts.records = adoBook;
+    parts.mapper = m_mapper;
+    parts.keyField = u"BookID"_s;
+    parts.moves = {ui->cmdFirst, ui->cmdPrevious, ui->cmdNext, ui->cmdLast};
+    parts.add = ui->cmdAdd;
+    parts.confirmAdd = ui->cmdConfirmAdd;
+    parts.cancelAdd = ui->cmdCancelAdd;
+    parts.remove = ui->cmdDelete;
+    // Next and Last stay on while a book is added.
+    parts.offWhileAdding = {ui->cmdFirst, ui->cmdPrevious, ui->cmdDelete, ui->cmdAdd};
+    parts.hiddenWhileAdding = {ui->dbgBookAuthor, ui->lblAuthorGridCaption, ui->dbgBookTopic,
+                               ui->lblTopicGridCaption, ui->cmdAddTopic, ui->cmdAddAuthor,
+                               ui->cmdDeleteAuthor, ui->cmdDeleteTopic};
+    for (const MandatoryField &field : mandatoryFields())
+        parts.mandatoryFields.append(findChild<QWidget *>(field.name));
+    parts.menuEntry = m_frame.action(u"mnuBooks"_s);
+    parts.addedText = u"New Book Sucessfully added, now allocate topic(s) and author(s)"_s;
+    parts.addedTitle = u"Add New Book"_s;
+    parts.showLookupText = [this] {
+        showLookupText(books()->value(u"BookDescription"_s).toString());
+    };
+    parts.refillLookup = [this] {
+        adoBookLkup->Refresh();
+        showLookupText(books()->value(u"BookDescription"_s).toString());
+    };
+    parts.startNewRecord = [this] {
         ui->txtDescription->setFocus();
         for (QCheckBox *box : {ui->chkIllustrated, ui->chkFirstEdition, ui->chkBibliography})
             box->setChecked(false);
-    });
-}
-
-void FrmBookMaintenance::on_cmdConfirmAdd_clicked()
-{
-    RunHandler([this] {
+    };
+    parts.validate = [this] {
         ValidateBook();
-        if (InvalidEntry)
-            return;
-        submitEdits();
-        Recordset *rs = books();
-        rs->move(0);
-        NewBookID = toInt16(rs->value(u"BookID"_s).toLongLong());
-        rs->requery();
-        adoBook->Refresh();
-        books()->find(u"BookID = "_s + QString::number(NewBookID), 0, true);
-        SetAddMode(false);
-        RefreshPosition();
-        MsgBox(u"New Book Sucessfully added, now allocate topic(s) and author(s)"_s, Vb::OKOnly,
-               u"Add New Book"_s);
-        adoBookLkup->Refresh();
-        showLookupText(books()->value(u"BookDescription"_s).toString());
-    });
-}
-
-void FrmBookMaintenance::on_cmdCancelAdd_clicked()
-{
-    RunHandler([this] {
-        Recordset *rs = books();
-        rs->cancelUpdate();
-        if (BookCount > 0)
-            rs->setBookmark(SavedBookmark);
-        SetAddMode(false);
-        RefreshPosition();
-    });
-}
-
-void FrmBookMaintenance::SetAddMode(bool adding)
-{
-    const QList<QWidget *> shownWhileBrowsing{
-        ui->dbgBookAuthor, ui->lblAuthorGridCaption, ui->dbgBookTopic, ui->lblTopicGridCaption,
-        ui->cmdAddTopic,   ui->cmdAddAuthor,         ui->cmdDeleteAuthor, ui->cmdDeleteTopic};
-    for (QWidget *widget : shownWhileBrowsing)
-        widget->setVisible(!adding);
-    ui->cmdConfirmAdd->setVisible(adding);
-    ui->cmdCancelAdd->setVisible(adding);
-    for (QWidget *button : {ui->cmdFirst, ui->cmdPrevious, ui->cmdDelete, ui->cmdAdd})
-        button->setEnabled(!adding);
-    for (const MandatoryField &field : mandatoryFields())
-        SetMandatoryColour(findChild<QWidget *>(field.name), adding);
+        return !InvalidEntry;
+    };
+    parts.applyPendingEdit = [this] { return applyUpdatesOnExit(); };
+    m_controller = new RecordFormController(std::move(parts));
 }
 
 void FrmBookMaintenance::ValidateBook()

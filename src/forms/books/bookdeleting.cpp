@@ -4,7 +4,7 @@
 
 #include "data/datacontrol.h"
 #include "recordform/msgbox.h"
-#include "recordform/promptdialog.h"
+#include "recordform/recordformcontroller.h"
 #include "recordform/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
@@ -13,17 +13,16 @@ using namespace Qt::StringLiterals;
 void FrmBookMaintenance::on_cmdDelete_clicked()
 {
     RunHandler([this] {
-        askPrompt(u"Delete"_s);
-        if (PromptAnswer != PromptDialog::AnswerGoAhead)
+        if (!m_controller->goAhead(PromptKind::Delete))
             return;
         // A warning, not a question: the last book goes all the same.
-        if (BookCount == 1)
+        if (m_controller->recordCount() == 1)
             MsgBox(u"You are about to delete the last book!\r\n"
                    "some forms may not function correctly as a result\r\n"
                    "\r\n"
                    "You can correct these by adding at least one book"_s,
                    Vb::OKOnly | Vb::Exclamation, u"Delete last book"_s);
-        submitEdits();
+        m_controller->submitEdits();
         Recordset *rs = books();
         rs->move(0);
         rs->deleteCurrent();
@@ -32,9 +31,9 @@ void FrmBookMaintenance::on_cmdDelete_clicked()
         if (rs->eof() && rs->recordCount() > 0)
             rs->movePrevious();
         MsgBox(u"Book Successfully removed"_s, Vb::OKOnly, u"Delete Book"_s);
-        RefreshPosition();
+        m_controller->RefreshPosition();
         adoBookLkup->Refresh();
-        if (BookCount != 0 && !rs->bof() && !rs->eof())
+        if (m_controller->recordCount() != 0 && !rs->bof() && !rs->eof())
             showLookupText(rs->value(u"BookDescription"_s).toString());
     });
 }

@@ -4,10 +4,8 @@
 
 #include "data/datacontrol.h"
 #include "data/recordsetmodel.h"
-#include "data/runtimeerror.h"
 #include "recordform/keyfilters.h"
-#include "recordform/recordnavigation.h"
-#include "recordform/recordstatusbar.h"
+#include "recordform/recordformcontroller.h"
 #include "recordform/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
@@ -25,43 +23,11 @@ void FrmBookMaintenance::setUpLookup()
     InstallKeyFilter(ui->dboBookLkup, KeyFilter::PickOnly);
 }
 
-void FrmBookMaintenance::RefreshPosition()
-{
-    Recordset *rs = books();
-    if (!rs)
-        return;
-    BookCount = toInt16(rs->recordCount());
-    BookPosition = toInt16(RecordPosition(rs->absolutePosition()));
-    EnableNavigation({ui->cmdFirst, ui->cmdPrevious, ui->cmdNext, ui->cmdLast}, BookPosition,
-                     BookCount);
-    if (BookCount < 1) {
-        ui->cmdDelete->setEnabled(false);
-        SetAddMode(true);
-    }
-    ShowPosition();
-    if (BookCount != 0)
-        showLookupText(rs->value(u"BookDescription"_s).toString());
-    else
-        on_cmdAdd_clicked(); // an empty catalogue goes straight to adding a book
-}
-
-void FrmBookMaintenance::ShowPosition()
-{
-    m_stbContents->setPanelText(2, u"Book "_s + QString::number(BookPosition) + u" of "_s
-                                       + QString::number(BookCount));
-}
-
 void FrmBookMaintenance::showLookupText(const QString &description)
 {
     if (ui->dboBookLkup->currentText() == description)
         return;
     ui->dboBookLkup->setCurrentIndex(ui->dboBookLkup->findText(description));
-}
-
-// What the user typed reaches the row before the record set moves off it.
-void FrmBookMaintenance::submitEdits()
-{
-    m_mapper->submit();
 }
 
 void FrmBookMaintenance::showCurrentRow(int row)
@@ -84,46 +50,17 @@ void FrmBookMaintenance::showCurrentRow(int row)
     }
 }
 
-void FrmBookMaintenance::moveWith(void (Recordset::*move)())
-{
-    RunHandler([&] {
-        submitEdits();
-        (books()->*move)();
-        RefreshPosition();
-    });
-}
-
-void FrmBookMaintenance::on_cmdFirst_clicked()
-{
-    moveWith(&Recordset::moveFirst);
-}
-
-void FrmBookMaintenance::on_cmdPrevious_clicked()
-{
-    moveWith(&Recordset::movePrevious);
-}
-
-void FrmBookMaintenance::on_cmdNext_clicked()
-{
-    moveWith(&Recordset::moveNext);
-}
-
-void FrmBookMaintenance::on_cmdLast_clicked()
-{
-    moveWith(&Recordset::moveLast);
-}
-
 // A pick from the lookup's list (and only from its list) brings that book up.
 void FrmBookMaintenance::on_dboBookLkup_activated(int row)
 {
     RunHandler([&] {
-        submitEdits();
+        m_controller->submitEdits();
         Recordset *rs = books();
         rs->moveFirst();
         Recordset *lookup = adoBookLkup->recordset();
         lookup->moveTo(row);
         rs->find(u"BookID = "_s + lookup->value(u"BookID"_s).toString(), 0, true);
-        RefreshPosition();
+        m_controller->RefreshPosition();
     });
 }
 

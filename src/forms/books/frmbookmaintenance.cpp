@@ -9,19 +9,16 @@
 #include "forms/books/bookforms.h"
 #include "forms/books/linksides.h"
 #include "recordform/bounddelegate.h"
-#include "recordform/confirmexit.h"
 #include "recordform/keyfilters.h"
 #include "recordform/mandatoryleavecheck.h"
 #include "recordform/msgbox.h"
+#include "recordform/recordformcontroller.h"
 #include "recordform/recordstatusbar.h"
 #include "recordform/runtimeerrorreport.h"
 #include "ui_frmbookmaintenance.h"
 
-#include <QCloseEvent>
 #include <QDataWidgetMapper>
 #include <QKeyEvent>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -90,15 +87,13 @@ FrmBookMaintenance::FrmBookMaintenance(MainFrame &frame, QWidget *parent)
     }
 
     bindDataControls();
-    m_mnuBooks = m_frame.action(u"mnuBooks"_s);
-    if (m_mnuBooks)
-        m_mnuBooks->setEnabled(false);
     if (m_frame.session().BookFilterPending)
         enterFilteredMode();
     setUpGrids();
     bindFields();
     setUpLookup();
     setUpChecks();
+    makeController();
 }
 
 FrmBookMaintenance::~FrmBookMaintenance() = default;
@@ -175,8 +170,6 @@ void FrmBookMaintenance::bindFields()
 
     ui->cboPublisher->setRowSource(m_publisherRows, u"PublisherName"_s, u"PublisherID"_s);
     m_mapper = new QDataWidgetMapper(this);
-    new ExitQuestion(this, m_mapper, [this] { return books(); },
-                     [this] { return applyUpdatesOnExit(); });
     m_mapper->setModel(m_bookRows);
     m_mapper->setItemDelegate(new BoundDelegate(m_mapper));
     m_mapper->setSubmitPolicy(QDataWidgetMapper::ManualSubmit);
@@ -244,7 +237,7 @@ QString FrmBookMaintenance::shownBookNumber() const
 
 void FrmBookMaintenance::ReceivePromptAnswer(int answer)
 {
-    PromptAnswer = answer;
+    m_controller->receivePromptAnswer(answer);
 }
 
 void FrmBookMaintenance::RefreshPublisherList()
@@ -255,47 +248,9 @@ void FrmBookMaintenance::RefreshPublisherList()
     ui->cboPublisher->setBoundText(chosen);
 }
 
-void FrmBookMaintenance::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    followActivation();
-}
-
-// The form runs RefreshPosition each time it becomes the active form of the frame.
-void FrmBookMaintenance::followActivation()
-{
-    auto *subWindow = qobject_cast<QMdiSubWindow *>(parentWidget());
-    if (!subWindow || subWindow == m_subWindow)
-        return;
-    m_subWindow = subWindow;
-    connect(subWindow, &QMdiSubWindow::windowStateChanged, this,
-            [this](Qt::WindowStates, Qt::WindowStates now) { followWindowState(now); });
-    followWindowState(subWindow->windowState());
-}
-
-void FrmBookMaintenance::followWindowState(Qt::WindowStates state)
-{
-    const bool active = state & Qt::WindowActive;
-    if (active && !m_active) {
-        m_active = true;
-        RunHandler([this] { RefreshPosition(); });
-    }
-    m_active = active;
-}
-
 void FrmBookMaintenance::closeEvent(QCloseEvent *event)
 {
-    // Refused until the pending edit is settled, also when applying it fails.
-    event->ignore();
-    RunHandler([&] {
-        if (!ExitQuestion::of(this)->settle())
-            return;
-        event->accept();
-        // Given back at the close, not at the deletion that follows later: a search reloads
-        // the form at once, and the new form has taken the entry by then.
-        if (m_mnuBooks)
-            m_mnuBooks->setEnabled(true);
-    });
+    m_controller->close(event);
 }
 
 // "Yes" to Confirm Exit: the row is written before it is checked, in that order.

@@ -2,7 +2,6 @@
 
 #include "data/recordset.h"
 
-#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -10,10 +9,9 @@
 class DataControl;
 class MainFrame;
 class MandatoryLeaveCheck;
-class QAction;
 class QDataWidgetMapper;
 class QLineEdit;
-class QMdiSubWindow;
+class RecordFormController;
 class RecordGrid;
 class RecordStatusBar;
 class RecordsetModel;
@@ -49,17 +47,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
-    void on_cmdFirst_clicked();
-    void on_cmdPrevious_clicked();
-    void on_cmdNext_clicked();
-    void on_cmdLast_clicked();
-    void on_cmdAdd_clicked();
-    void on_cmdConfirmAdd_clicked();
-    void on_cmdCancelAdd_clicked();
     void on_cmdDelete_clicked();
     void on_cmdPrintLabel_clicked();
     void on_cmdExit_clicked();
@@ -79,24 +69,16 @@ private:
     void setUpLookup();
     void setUpGrids();
     void setUpChecks();
-    void followActivation();
-    void followWindowState(Qt::WindowStates state);
+    void makeController();
 
     // Browsing.
     Recordset *books() const;
-    void RefreshPosition();
-    void ShowPosition();
     void showLookupText(const QString &description);
-    void submitEdits();
-    void moveWith(void (Recordset::*move)());
     void showCurrentRow(int row);
     void fillEmptyNumbersWithZero();
     void onBookMoved();
 
     // Adding and editing.
-    bool PromptWanted(const QString &action) const;
-    void askPrompt(const QString &action);
-    void SetAddMode(bool adding);
     void ValidateBook();
     bool checkField(QWidget *field);
     bool applyUpdatesOnExit();
@@ -111,8 +93,8 @@ private:
 
     std::unique_ptr<Ui::frmBookMaintenance> ui;
     MainFrame &m_frame;
-    QPointer<QAction> m_mnuBooks;
     RecordStatusBar *m_stbContents = nullptr;
+    RecordFormController *m_controller = nullptr;
 
     DataControl *adoAuthorLkup = nullptr;
     DataControl *adoAuthor = nullptr;
@@ -126,13 +108,6 @@ private:
     RecordsetModel *m_publisherRows = nullptr;
     QDataWidgetMapper *m_mapper = nullptr;
     MandatoryLeaveCheck *m_leaveCheck = nullptr;
-    QPointer<QMdiSubWindow> m_subWindow;
-    bool m_active = false;
 
-    qint16 BookCount = 0;
-    qint16 BookPosition = 0;
     bool InvalidEntry = false;
-    int PromptAnswer = 0;
-    Recordset::Bookmark SavedBookmark = 0;
-    qint16 NewBookID = 0;
 };

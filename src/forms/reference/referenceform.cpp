@@ -6,24 +6,16 @@
 #include "data/datacontrol.h"
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
-#include "data/runtimeerror.h"
 #include "forms/books/bookforms.h"
 #include "forms/reference/pickonlycombo.h"
 #include "recordform/bounddelegate.h"
-#include "recordform/confirmexit.h"
-#include "recordform/mandatoryfield.h"
 #include "recordform/mandatoryleavecheck.h"
 #include "recordform/msgbox.h"
-#include "recordform/promptdialog.h"
-#include "recordform/recordnavigation.h"
 #include "recordform/recordstatusbar.h"
 #include "recordform/runtimeerrorreport.h"
 #include "ui_frmreference.h"
 
-#include <QAction>
-#include <QCloseEvent>
 #include <QDataWidgetMapper>
-#include <QMdiSubWindow>
 
 #include <algorithm>
 #include <cstdlib>
@@ -48,7 +40,6 @@ ReferenceForm::ReferenceForm(const ReferenceList &list, FormRegistry &forms,
     , m_list(list)
     , m_forms(forms)
     , m_session(session)
-    , m_menuEntry(menuEntry)
     , m_adoEdited(new DataControl(this))
     , m_adoLookup(new DataControl(this))
     , m_records(new RecordsetModel(m_adoEdited, this))
@@ -70,12 +61,42 @@ ReferenceForm::ReferenceForm(const ReferenceList &list, FormRegistry &forms,
     bindDataControls();
     bindFields();
     watchMandatoryFields();
-    new ExitQuestion(this, m_mapper, [this] { return m_adoEdited->recordset(); },
-                     [this] { return applyPendingEdit(); });
-    SetAddMode(false);
+    makeController(menuEntry);
+    m_controller->SetAddMode(false);
     connect(ui->cboLookup, &QComboBox::activated, this, &ReferenceForm::jumpToPicked);
-    if (m_menuEntry)
-        m_menuEntry->setEnabled(false);
+}
+
+void ReferenceForm::makeController(QAction *menuEntry)
+{
+    RecordFormParts parts;
+    parts.form = this;
+    parts.entity = m_list.entity;
+    parts.statusBar = m_stbContents;
+    parts.records = m_adoEdited;
+    parts.mapper = m_mapper;
+    parts.keyField = m_list.keyField;
+    parts.moves = {ui->cmdFirst, ui->cmdPrevious, ui->cmdNext, ui->cmdLast};
+    parts.add = ui->cmdAdd;
+    parts.confirmAdd = ui->cmdConfirmAdd;
+    parts.cancelAdd = ui->cmdCancelAdd;
+    parts.remove = ui->cmdDelete;
+    parts.offWhileAdding = {ui->cmdFirst, ui->cmdPrevious, ui->cmdLast, ui->cmdNext,
+                            ui->cmdDelete, ui->cmdAdd};
+    for (const FieldWidget &field : std::as_const(m_fields)) {
+        if (field.definition->isMandatory())
+            parts.mandatoryFields.append(field.widget);
+    }
+    parts.menuEntry = menuEntry;
+    parts.addedText = m_list.added.text;
+    parts.addedTitle = m_list.added.title;
+    parts.showLookupText = [this] { showLookupText(); };
+    parts.refillLookup = [this] { refillLookup(); };
+    parts.startNewRecord = [this] { fieldWidget(m_list.focusAfterAdd)->setFocus(); };
+    parts.validate = [this] { return mandatoryFieldsFilled(); };
+    parts.applyPendingEdit = [this] { return applyPendingEdit(); };
+    if (m_list.refreshesBookPublishers)
+        parts.afterClose = [this] { refreshBookPublishers(); };
+    m_controller = new RecordFormController(std::move(parts));
 }
 
 ReferenceForm::~ReferenceForm() = default;
@@ -182,15 +203,6 @@ void ReferenceForm::showRow(int row)
     }
 }
 
-Recordset &ReferenceForm::records() const
-{
-    Recordset *recordset = m_adoEdited->recordset();
-    if (!recordset)
-        throw ProviderError::general(ProviderErrorNumber::InvalidOperation,
-                                     u"Operation is not allowed when the object is closed."_s);
-    return *recordset;
-}
-
 QWidget *ReferenceForm::fieldWidget(const QString &objectName) const
 {
     for (const FieldWidget &field : m_fields) {
@@ -200,65 +212,9 @@ QWidget *ReferenceForm::fieldWidget(const QString &objectName) const
     return nullptr;
 }
 
-// The form's state follows its record set each time it becomes the active form.
-bool ReferenceForm::event(QEvent *event)
-{
-    if (event->type() == QEvent::ParentChange)
-        followActivation();
-    else if (event->type() == QEvent::WindowActivate && isWindow())
-        RunHandler([this] { RefreshPosition(); });
-    return QWidget::event(event);
-}
-
-void ReferenceForm::followActivation()
-{
-    auto *subWindow = qobject_cast<QMdiSubWindow *>(parentWidget());
-    if (!subWindow)
-        return;
-    connect(subWindow, &QMdiSubWindow::windowStateChanged, this,
-            [this](Qt::WindowStates before, Qt::WindowStates now) {
-                if ((now & Qt::WindowActive) && !(before & Qt::WindowActive))
-                    RunHandler([this] { RefreshPosition(); });
-            });
-}
-
-// Enables the moves for the current record and shows where it stands. An empty list
-// drops the user straight into adding a record.
-void ReferenceForm::RefreshPosition()
-{
-    const Recordset &rs = records();
-    m_recordCount = toInt16(rs.recordCount());
-    m_position = toInt16(RecordPosition(rs.absolutePosition()));
-    EnableNavigation({ui->cmdFirst, ui->cmdPrevious, ui->cmdNext, ui->cmdLast}, m_position,
-                     m_recordCount);
-    if (m_recordCount < 1) {
-        ui->cmdDelete->setEnabled(false);
-        SetAddMode(true);
-    }
-    m_stbContents->setPanelText(2, m_list.entity + u' ' + QString::number(m_position)
-                                       + u" of "_s + QString::number(m_recordCount));
-    if (m_recordCount != 0)
-        showLookupText();
-    else
-        on_cmdAdd_clicked(); // as a press of Add, which is disabled by now
-}
-
-void ReferenceForm::SetAddMode(bool adding)
-{
-    ui->cmdConfirmAdd->setVisible(adding);
-    ui->cmdCancelAdd->setVisible(adding);
-    for (QWidget *button : {ui->cmdFirst, ui->cmdPrevious, ui->cmdLast, ui->cmdNext,
-                            ui->cmdDelete, ui->cmdAdd})
-        button->setEnabled(!adding);
-    for (const FieldWidget &field : std::as_const(m_fields)) {
-        if (field.definition->isMandatory())
-            SetMandatoryColour(field.widget, adding);
-    }
-}
-
 void ReferenceForm::showLookupText()
 {
-    const Recordset &rs = records();
+    const Recordset &rs = m_controller->records();
     const QString shown = rs.currentRow() >= 0 ? rs.value(m_list.listField).toString() : QString();
     ui->cboLookup->setCurrentIndex(ui->cboLookup->findText(shown, Qt::MatchFixedString));
 }
@@ -269,79 +225,21 @@ void ReferenceForm::refillLookup()
     showLookupText();
 }
 
-// What the user typed reaches the record set before it moves, which writes it.
-void ReferenceForm::moveWith(void (Recordset::*move)())
-{
-    RunHandler([&] {
-        m_mapper->submit();
-        (records().*move)();
-        RefreshPosition();
-    });
-}
-
-void ReferenceForm::on_cmdFirst_clicked()
-{
-    moveWith(&Recordset::moveFirst);
-}
-
-void ReferenceForm::on_cmdPrevious_clicked()
-{
-    moveWith(&Recordset::movePrevious);
-}
-
-void ReferenceForm::on_cmdNext_clicked()
-{
-    moveWith(&Recordset::moveNext);
-}
-
-void ReferenceForm::on_cmdLast_clicked()
-{
-    moveWith(&Recordset::moveLast);
-}
-
 void ReferenceForm::jumpToPicked()
 {
     RunHandler([this] {
         const QString picked = ui->cboLookup->boundText().toString();
-        m_mapper->submit();
-        Recordset &rs = records();
+        m_controller->submitEdits();
+        Recordset &rs = m_controller->records();
         rs.moveFirst();
         rs.find(m_list.keyField + u" = "_s + picked, 0, true);
-        RefreshPosition();
+        m_controller->RefreshPosition();
     });
 }
 
 void ReferenceForm::ReceivePromptAnswer(int answer)
 {
-    m_promptAnswer = answer;
-}
-
-bool ReferenceForm::goAhead(PromptKind prompt)
-{
-    if (PromptWanted(m_list.formName, prompt))
-        PromptDialog::Ask(prompt, m_list.formName);
-    else
-        m_promptAnswer = PromptDialog::AnswerGoAhead;
-    return m_promptAnswer == PromptDialog::AnswerGoAhead;
-}
-
-void ReferenceForm::on_cmdAdd_clicked()
-{
-    RunHandler([this] {
-        if (goAhead(PromptKind::AddNew))
-            startNewRecord();
-    });
-}
-
-void ReferenceForm::startNewRecord()
-{
-    m_mapper->submit();
-    Recordset &rs = records();
-    if (m_recordCount > 0)
-        m_savedBookmark = rs.bookmark();
-    rs.addNew();
-    SetAddMode(true);
-    fieldWidget(m_list.focusAfterAdd)->setFocus();
+    m_controller->receivePromptAnswer(answer);
 }
 
 // A mandatory field left empty (blanks are text) is named in a message and takes the focus.
@@ -368,41 +266,10 @@ bool ReferenceForm::mandatoryFieldsFilled()
     return true;
 }
 
-void ReferenceForm::on_cmdConfirmAdd_clicked()
-{
-    RunHandler([this] {
-        if (!mandatoryFieldsFilled())
-            return;
-        m_mapper->submit();
-        Recordset &rs = records();
-        rs.move(0);
-        m_newId = toInt16(rs.value(m_list.keyField).toLongLong());
-        rs.requery();
-        m_adoEdited->Refresh();
-        records().find(m_list.keyField + u" = "_s + QString::number(m_newId), 0, true);
-        SetAddMode(false);
-        RefreshPosition();
-        MsgBox(m_list.added.text, Vb::OKOnly, m_list.added.title);
-        refillLookup();
-    });
-}
-
-void ReferenceForm::on_cmdCancelAdd_clicked()
-{
-    RunHandler([this] {
-        Recordset &rs = records();
-        rs.cancelUpdate();
-        if (m_recordCount > 0)
-            rs.setBookmark(m_savedBookmark);
-        SetAddMode(false);
-        RefreshPosition();
-    });
-}
-
 void ReferenceForm::on_cmdDelete_clicked()
 {
     RunHandler([this] {
-        if (!goAhead(PromptKind::Delete))
+        if (!m_controller->goAhead(PromptKind::Delete))
             return;
         try {
             removeCurrent();
@@ -410,7 +277,7 @@ void ReferenceForm::on_cmdDelete_clicked()
             refuseDelete(error);
             return;
         }
-        RefreshPosition();
+        m_controller->RefreshPosition();
         MsgBox(m_list.removed.text, Vb::OKOnly, m_list.removed.title);
         refillLookup();
     });
@@ -419,7 +286,7 @@ void ReferenceForm::on_cmdDelete_clicked()
 // The record after the deleted one becomes current, or the one before it at the end.
 void ReferenceForm::removeCurrent()
 {
-    Recordset &rs = records();
+    Recordset &rs = m_controller->records();
     rs.deleteCurrent();
     rs.moveNext();
     if (rs.eof())
@@ -456,24 +323,14 @@ void ReferenceForm::on_cmdHelp_clicked()
 
 void ReferenceForm::closeEvent(QCloseEvent *event)
 {
-    // Refused until the pending edit is settled, also when applying it fails.
-    event->ignore();
-    RunHandler([&] {
-        if (!ExitQuestion::of(this)->settle())
-            return;
-        event->accept();
-        if (m_menuEntry)
-            m_menuEntry->setEnabled(true);
-        if (m_list.refreshesBookPublishers)
-            refreshBookPublishers();
-    });
+    m_controller->close(event);
 }
 
 bool ReferenceForm::applyPendingEdit()
 {
     if (!mandatoryFieldsFilled())
         return false;
-    records().update();
+    m_controller->records().update();
     return true;
 }
 

@@ -3,9 +3,8 @@
 #include "data/recordset.h"
 #include "forms/reference/referencefields.h"
 #include "forms/reference/referencelist.h"
-#include "recordform/promptpreference.h"
+#include "recordform/recordformcontroller.h"
 
-#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -40,17 +39,9 @@ public:
     Q_INVOKABLE void ReceivePromptAnswer(int answer);
 
 protected:
-    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private Q_SLOTS:
-    void on_cmdFirst_clicked();
-    void on_cmdPrevious_clicked();
-    void on_cmdNext_clicked();
-    void on_cmdLast_clicked();
-    void on_cmdAdd_clicked();
-    void on_cmdConfirmAdd_clicked();
-    void on_cmdCancelAdd_clicked();
     void on_cmdDelete_clicked();
     void on_cmdExit_clicked();
     void on_cmdHelp_clicked();
@@ -61,22 +52,16 @@ private:
     void arrangeTabOrder();
     void bindDataControls();
     void bindFields();
-    void followActivation();
     void watchMandatoryFields();
+    void makeController(QAction *menuEntry);
 
-    Recordset &records() const;
     QWidget *fieldWidget(const QString &objectName) const;
     void showRow(int row);
 
-    void RefreshPosition();
-    void SetAddMode(bool adding);
     void showLookupText();
     void refillLookup();
-    void moveWith(void (Recordset::*move)());
     void jumpToPicked();
 
-    bool goAhead(PromptKind prompt);
-    void startNewRecord();
     bool checkField(QWidget *field);
     bool mandatoryFieldsFilled();
     bool applyPendingEdit();
@@ -88,7 +73,6 @@ private:
     const ReferenceList &m_list;
     FormRegistry &m_forms;
     const Session &m_session;
-    QPointer<QAction> m_menuEntry;
 
     DataControl *m_adoEdited;
     DataControl *m_adoLookup;
@@ -98,12 +82,5 @@ private:
     QList<FieldWidget> m_fields;
     MandatoryLeaveCheck *m_leaveCheck;
     RecordStatusBar *m_stbContents = nullptr;
-
-    qint16 m_recordCount = 0;
-    qint16 m_position = 0;
-    qint16 m_newId = 0;
-    Recordset::Bookmark m_savedBookmark = 0;
-    // Not reset before a prompt: a prompt closed by its window frame answers nothing, and the
-    // answer given before stands.
-    int m_promptAnswer = 0;
+    RecordFormController *m_controller = nullptr;
 };

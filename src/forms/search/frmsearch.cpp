@@ -152,11 +152,7 @@ void FrmSearch::Search()
         return;
     }
     intBooksFound = toInt16(found);
-    if (PromptWanted(FormName, PromptKind::AddNew))
-        PromptDialog::Ask(PromptKind::AddNew, FormName);
-    else
-        PromptAnswer = PromptDialog::AnswerGoAhead;
-    if (PromptAnswer != PromptDialog::AnswerGoAhead) {
+    if (!PromptDialog::GoAhead(PromptKind::AddNew, FormName, PromptAnswer)) {
         on_cmdReset_clicked();
         return;
     }
