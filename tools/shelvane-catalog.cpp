@@ -188,7 +188,16 @@ ReportDocument loadLabelSheet(const QString &cataloguePath, DataEnvironment &deS
     {
         Connection connection;
         connection.open(ConnectionString::forCatalogue(cataloguePath));
-        FillLabelTable(connection);
+        ProgressLine progress;
+        LabelCopyProgress copying;
+        if (stderrIsTerminal()) {
+            copying = [&progress](int copied, int total) {
+                progress.show(u"copying labels: %1 of %2"_s.arg(copied).arg(total));
+                return true;
+            };
+        }
+        FillLabelTable(connection, copying);
+        progress.wipe();
     }
     return LoadLabelSheet(deShelvane);
 }
@@ -223,17 +232,19 @@ int runReport(const Arguments &args)
     ReportDocument document = loadReport(args.given.value(u"--by"_s), args.path);
     const QString caption = document.definition.caption;
     const std::unique_ptr<ReportPaginator> report = document.paginate();
-    PdfExport::Progress progress;
-    if (stderrIsTerminal()) {
-        progress = [](int pages) {
+    const bool terminal = stderrIsTerminal();
+    // Pages go to the file in order and are not looked at again: a long report is never
+    // held whole.
+    const PdfExport::Progress progress = [&report, terminal](int pages) {
+        report->releasePagesBefore(pages);
+        if (terminal)
             err() << "\rwriting pages: " << pages << Qt::flush;
-            return true;
-        };
-    }
+        return true;
+    };
     QString error;
     if (PdfExport::write(*report, output, progress, &error) != PdfExport::Outcome::Written)
         throw ReportError{error};
-    if (stderrIsTerminal())
+    if (terminal)
         err() << '\n';
     const int pages = report->pagesLaidOut();
     out() << output << ": " << caption << ", " << pages
@@ -368,8 +379,16 @@ int runCommand(const Command &command, const QStringList &args)
 
 int main(int argc, char *argv[])
 {
-    // Only a report draws pages: it needs fonts, never a display.
-    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0;
+    // Only a report draws pages: it needs fonts, never a display. Its help draws nothing, and
+    // says nothing of a graphical system that is not there.
+    const auto asksForHelp = [&] {
+        for (int i = 2; i < argc; ++i) {
+            if (qstrcmp(argv[i], "--help") == 0 || qstrcmp(argv[i], "-h") == 0)
+                return true;
+        }
+        return false;
+    };
+    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0 && !asksForHelp();
     if (drawsPages)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::unique_ptr<QCoreApplication> app =

@@ -293,6 +293,12 @@ private Q_SLOTS:
         QTest::newRow("check") << QStringList{u"check"_s, u"--help"_s} << u"Usage: shelvane-catalog check PATH"_s;
         QTest::newRow("import") << QStringList{u"import"_s, u"--help"_s}
                                 << u"Usage: shelvane-catalog import OLD NEW [--strict] [--force]"_s;
+        QTest::newRow("report") << QStringList{u"report"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog report PATH --by REPORT --pdf OUT.pdf"_s;
+        QTest::newRow("export") << QStringList{u"export"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog export PATH --csv OUT.csv [--force]"_s;
+        QTest::newRow("import-csv") << QStringList{u"import-csv"_s, u"--help"_s}
+                                    << u"Usage: shelvane-catalog import-csv CSV CATALOGUE [--dry-run]"_s;
         QTest::newRow("backup") << QStringList{u"backup"_s, u"--help"_s}
                                 << u"Usage: shelvane-catalog backup CATALOGUE [--to FOLDER]"_s;
         QTest::newRow("restore") << QStringList{u"restore"_s, u"--help"_s}
@@ -309,6 +315,8 @@ private Q_SLOTS:
         QCOMPARE(run.status, 0);
         QCOMPARE(firstLine(run.out), usage);
         QVERIFY(run.out.contains(u"--help"_s));
+        // Every line ends, the last one too, and no blank line trails.
+        QVERIFY2(run.out.endsWith(u'\n') && !run.out.endsWith(u"\n\n"_s), qPrintable(run.out.right(40)));
         QCOMPARE(run.err, QString());
     }
 };
