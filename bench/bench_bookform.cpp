@@ -3,19 +3,18 @@
 // the time SQLite itself takes to read every row of the statements behind each.
 
 #include "benchcatalogue.h"
-#include "bookformstatements.h"
+#include "benchprogram.h"
 
 #include "app/formregistry.h"
 #include "app/mainframe.h"
 #include "data/connection.h"
-#include "data/connectionstring.h"
-#include "forms/books/bookforms.h"
+#include "forms/books/bookformsources.h"
+#include "forms/books/linksides.h"
 #include "recordform/datacombo.h"
 #include "recordform/recordstatusbar.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -44,28 +43,27 @@ QString positionShown(const QWidget *form)
 
 // What the form reads to show one book, every row of it: its record sources and the book's
 // authors and topics.
-void readFormRaw(const QSqlDatabase &db, const QString &book)
-{
-    for (const QString &statement : BookFormLoadStatements())
-        readAll(db, statement);
-    for (const QString &statement : BookFormLinkStatements())
-        readAll(db, statement + book);
-}
-
 void readLinksRaw(const QSqlDatabase &db, const QString &book)
 {
-    for (const QString &statement : BookFormLinkStatements())
-        readAll(db, statement + book);
+    for (const LinkSideTexts &side : LinkSides())
+        readAll(db, side.listSource + book);
+}
+
+void readFormRaw(const QSqlDatabase &db, const QString &book)
+{
+    for (const DataControlSource &source : BookFormSources())
+        readAll(db, source.recordSource);
+    readLinksRaw(db, book);
 }
 
 // The bytes of the text and numbers (8 bytes each) of every row of the form's record sources.
 double valueKiB(const QSqlDatabase &db)
 {
     qint64 bytes = 0;
-    for (const QString &statement : BookFormLoadStatements()) {
+    for (const DataControlSource &source : BookFormSources()) {
         QSqlQuery query(db);
         query.setForwardOnly(true);
-        query.exec(statement);
+        query.exec(source.recordSource);
         const int columns = query.record().count();
         while (query.next()) {
             for (int c = 0; c < columns; ++c) {
@@ -84,23 +82,12 @@ double valueKiB(const QSqlDatabase &db)
 
 int main(int argc, char **argv)
 {
-    // A benchmark shows no windows unless asked to.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
-    std::printf("Generating a catalogue of %d books...\n", books);
-    BenchCatalogue catalogue(books);
-
-    MainFrame frame;
-    RegisterBookForms(frame);
-    frame.show();
-    QCoreApplication::processEvents();
-    Session &session = frame.session();
-    session.strCataloguePath = catalogue.path();
+    BenchProgram program(argc, argv);
+    MainFrame &frame = program.frame();
+    const int books = program.books();
 
     // Opening the catalogue: the shared connection, the book form loaded hidden, then the
-    // Books command shows it on its first book. The first run's growth of resident memory is
+    // toolbar's Books button shows it on its first book. The first run's growth of resident memory is
     // what the open catalogue holds.
     double openMs = std::numeric_limits<double>::max();
     double openKiB = 0;
@@ -108,22 +95,21 @@ int main(int argc, char **argv)
     for (int run = 0; run < 3; ++run) {
         if (form) {
             frame.forms().unloadAll();
-            session.cnnCatalogue.reset();
+            frame.session().disconnect();
             QCoreApplication::processEvents();
         }
         const double before = residentMiB() * 1024;
         QElapsedTimer timer;
         timer.start();
-        frame.connectCatalogue();
-        frame.action(u"mnuBooks"_s)->trigger();
-        QCoreApplication::processEvents();
+        program.openCatalogue();
+        program.showBooks();
         openMs = std::min(openMs, double(timer.nsecsElapsed()) / 1e6);
         if (run == 0)
             openKiB = residentMiB() * 1024 - before;
         form = frame.forms().find(u"frmBookMaintenance"_s);
     }
     std::printf("%s\n", qPrintable(positionShown(form)));
-    const QSqlDatabase db = session.cnnCatalogue->database();
+    const QSqlDatabase db = program.database();
     const QString firstBook = bookAt(db, 1);
     const double rawFormMs = bestMilliseconds(3, [&] { readFormRaw(db, firstBook); });
     reportFigure("catalogue open to the first book shown", openMs, rawFormMs, "ms");

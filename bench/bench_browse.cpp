@@ -3,20 +3,18 @@
 // and how much memory they hold, beside the time SQLite itself (or a plain tree view) takes.
 
 #include "benchcatalogue.h"
+#include "benchprogram.h"
 
 #include "app/formregistry.h"
 #include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/shapeparser.h"
-#include "forms/books/bookforms.h"
 #include "forms/search/bookbrowserkind.h"
 #include "forms/search/bookdetails.h"
-#include "forms/search/searchforms.h"
 #include "reports/dataenvironment.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
@@ -165,10 +163,13 @@ void measureTrees(MainFrame &frame, const QSqlDatabase &db)
 }
 
 // Each form opened once, as a user would, so that no earlier run's memory counts.
-void measureMemory(MainFrame &frame)
+void measureMemory(BenchProgram &program)
 {
-    const double frameOnly = residentMiB();
-    QStringList steps{u"mnuBooks"_s, u"mnuBookList"_s};
+    MainFrame &frame = program.frame();
+    const double opened = residentMiB();
+    program.showBooks();
+    std::printf("  resident memory after the Books button: %.1f MiB\n", residentMiB());
+    QStringList steps{u"mnuBookList"_s};
     for (const BookBrowserKind &kind : BookBrowserKinds())
         steps.append(entryOf(kind));
     for (const QString &entry : std::as_const(steps)) {
@@ -178,38 +179,24 @@ void measureMemory(MainFrame &frame)
                     residentMiB());
     }
     std::printf("Resident memory, book form, listing and both trees open: %.1f MiB "
-                "(the frame alone %.1f MiB)\n",
-                residentMiB(), frameOnly);
+                "(the catalogue just opened %.1f MiB)\n",
+                residentMiB(), opened);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    // A benchmark shows no windows unless asked to.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
+    BenchProgram program(argc, argv);
     const bool memoryOnly = argc > 2 && qstrcmp(argv[2], "memory") == 0;
-    std::printf("Generating a catalogue of %d books...\n", books);
-    BenchCatalogue catalogue(books);
-
-    MainFrame frame;
-    RegisterBookForms(frame);
-    RegisterSearchForms(frame);
-    frame.show();
-    Session &session = frame.session();
-    session.strCataloguePath = catalogue.path();
-    session.cnnCatalogue = std::make_unique<Connection>();
-    session.cnnCatalogue->open(session.connectionString());
-    QCoreApplication::processEvents();
+    program.openCatalogue();
+    MainFrame &frame = program.frame();
     if (memoryOnly) {
-        measureMemory(frame);
+        measureMemory(program);
         return 0;
     }
-    frame.action(u"mnuBooks"_s)->trigger();
-    const QSqlDatabase db = session.cnnCatalogue->database();
+    program.showBooks();
+    const QSqlDatabase db = program.database();
     measureListing(frame, db);
     measureTrees(frame, db);
     std::printf("Memory: run again with the argument \"memory\" after the number of books.\n");

@@ -2,7 +2,6 @@
 // each statement of the program's lists run on the program's connection, beside the same
 // statement ordered and matched by SQLite's own NOCASE on a plain connection to the file.
 #include "benchcatalogue.h"
-#include "bookformstatements.h"
 
 #include "data/connection.h"
 #include "data/connectionstring.h"

@@ -4,16 +4,14 @@
 // for nearly every row a percentage changes.
 
 #include "benchcatalogue.h"
+#include "benchprogram.h"
 
 #include "app/formregistry.h"
 #include "app/mainframe.h"
-#include "data/connection.h"
 #include "data/jetsql.h"
-#include "forms/figures/figureforms.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QSqlQuery>
@@ -60,22 +58,10 @@ double showThroughMenu(MainFrame &frame, const QString &entry, const QString &fo
 
 int main(int argc, char **argv)
 {
-    // A benchmark shows no windows unless asked to.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
-    std::printf("Generating a catalogue of %d books...\n", books);
-    BenchCatalogue catalogue(books);
-
-    MainFrame frame;
-    RegisterFigureForms(frame);
-    frame.show();
-    Session &session = frame.session();
-    session.strCataloguePath = catalogue.path();
-    session.cnnCatalogue = std::make_unique<Connection>();
-    session.cnnCatalogue->open(session.connectionString());
-    QSqlDatabase db = session.cnnCatalogue->database();
+    BenchProgram program(argc, argv);
+    program.openCatalogue();
+    MainFrame &frame = program.frame();
+    QSqlDatabase db = program.database();
 
     const double showMs = bestMilliseconds(5, [&] {
         std::ignore = showThroughMenu(frame, u"mnuStats"_s, u"frmBookStats"_s);

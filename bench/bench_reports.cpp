@@ -5,12 +5,12 @@
 // tool's whole sheet written to a PDF, with its time and the most memory it took.
 
 #include "benchcatalogue.h"
+#include "benchprogram.h"
 
 #include "app/formregistry.h"
 #include "app/mainframe.h"
 #include "data/connection.h"
 #include "data/connectionstring.h"
-#include "forms/printing/printingforms.h"
 #include "forms/printing/reportwindow.h"
 #include "reports/dataenvironment.h"
 #include "reports/labelreports.h"
@@ -20,7 +20,6 @@
 #include "reports/reportpaginator.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -125,24 +124,13 @@ void benchLabelSheet(const QString &cataloguePath, const QSqlDatabase &db, const
 
 int main(int argc, char **argv)
 {
-    // A benchmark shows no windows unless asked to.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
-    std::printf("Generating a catalogue of %d books...\n", books);
-    BenchCatalogue catalogue(books);
+    BenchProgram program(argc, argv);
+    // Prices as an owner in the United Kingdom sees them, whatever the machine's locale.
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    program.openCatalogue();
+    MainFrame &frame = program.frame();
+    const QSqlDatabase db = program.database();
     QTemporaryDir output;
-
-    MainFrame frame;
-    RegisterPrintingForms(frame);
-    frame.show();
-    Session &session = frame.session();
-    session.strCataloguePath = catalogue.path();
-    SetPriceFormat(session, QLocale(QLocale::English, QLocale::UnitedKingdom));
-    session.cnnCatalogue = std::make_unique<Connection>();
-    session.cnnCatalogue->open(session.connectionString());
-    const QSqlDatabase db = session.cnnCatalogue->database();
 
     for (const Listing &listing : listings) {
         std::printf("\n%s\n", qPrintable(listing.report));
@@ -189,6 +177,6 @@ int main(int argc, char **argv)
         frame.forms().unload(window);
         QCoreApplication::processEvents();
     }
-    benchLabelSheet(catalogue.path(), db, output);
+    benchLabelSheet(program.cataloguePath(), db, output);
     return 0;
 }

@@ -3,22 +3,19 @@
 // behind it: the search, the copy of the hits, and the filtered book form's load.
 
 #include "benchcatalogue.h"
-#include "bookformstatements.h"
+#include "benchprogram.h"
 
 #include "app/formregistry.h"
 #include "app/mainframe.h"
 #include "data/connection.h"
-#include "forms/books/bookforms.h"
-#include "forms/search/searchforms.h"
+#include "forms/books/bookformsources.h"
+#include "forms/books/linksides.h"
 #include "recordform/promptpreference.h"
 #include "recordform/recordstatusbar.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
-#include <QSettings>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <limits>
@@ -28,13 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString EveryBook = u"Select distinct tblBook.BookID from tblBook "_s;
-// The book form's two record sources in filtered mode, in place of its usual ones.
-const QString FilteredBooks =
-    u"Select tblBook.* from tblBook,tblCriteriaHits where tblcriteriahits.BookID = "
-    "tblBook.BookID order by tblBook.BookDescription"_s;
-const QString FilteredLookup =
-    u"select tblbook.BookID, tblbook.bookdescription from tblbook, tblCriteriaHits where "
-    "tblcriteriahits.BookID = tblBook.BookID order by tblBook.bookdescription"_s;
 
 QString positionShown(const QWidget *form)
 {
@@ -45,7 +35,7 @@ QString positionShown(const QWidget *form)
 QString firstHit(const QSqlDatabase &db)
 {
     QSqlQuery query(db);
-    query.exec(FilteredLookup + u" limit 1"_s);
+    query.exec(FilteredLookupSource + u" limit 1"_s);
     return query.next() ? query.value(0).toString() : QString();
 }
 
@@ -56,43 +46,30 @@ void rawSearch(QSqlDatabase db)
     QSqlQuery(db).exec(u"Delete from tblcriteriahits"_s);
     QSqlQuery(db).exec(u"Insert into tblcriteriahits (BookID) "_s + EveryBook);
     db.commit();
-    QStringList load = BookFormLoadStatements();
-    load[BookRowsStatement] = FilteredBooks;
-    load[BookLookupStatement] = FilteredLookup;
-    for (const QString &statement : std::as_const(load))
-        readAll(db, statement);
+    // The book form's load, its book and lookup sources on the hits.
+    for (const DataControlSource &source : BookFormSources()) {
+        if (source.name == u"adoBook")
+            readAll(db, FilteredBookSource);
+        else if (source.name == u"adoBookLkup")
+            readAll(db, FilteredLookupSource);
+        else
+            readAll(db, source.recordSource);
+    }
     const QString book = firstHit(db);
-    for (const QString &statement : BookFormLinkStatements())
-        readAll(db, statement + book);
+    for (const LinkSideTexts &side : LinkSides())
+        readAll(db, side.listSource + book);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    // A benchmark shows no windows unless asked to, and keeps the user's settings as they are.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(u"prjQuireshelf"_s);
-    QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    BenchProgram program(argc, argv);
     StorePromptSetting(u"frmSearch"_s, PromptKind::AddNew, u"N"_s);
+    program.openCatalogue();
+    MainFrame &frame = program.frame();
 
-    const int books = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 30000;
-    std::printf("Generating a catalogue of %d books...\n", books);
-    BenchCatalogue catalogue(books);
-
-    MainFrame frame;
-    RegisterBookForms(frame);
-    RegisterSearchForms(frame);
-    frame.show();
-    Session &session = frame.session();
-    session.strCataloguePath = catalogue.path();
-    session.cnnCatalogue = std::make_unique<Connection>();
-    session.cnnCatalogue->open(session.connectionString());
-    // Opening a catalogue loads the book form hidden; the search closes and reloads it.
-    frame.forms().load(u"frmBookMaintenance"_s);
+    // The open catalogue has the book form loaded hidden; the search closes and reloads it.
     frame.action(u"mnuSearch"_s)->trigger();
     QWidget *search = frame.forms().find(u"frmSearch"_s);
     auto *cmdSearch = search->findChild<QAbstractButton *>(u"cmdSearch"_s);
@@ -103,7 +80,7 @@ int main(int argc, char **argv)
         QCoreApplication::processEvents();
     });
     std::printf("%s\n", qPrintable(positionShown(frame.forms().find(u"frmBookMaintenance"_s))));
-    const double rawMs = bestMilliseconds(3, [&] { rawSearch(session.cnnCatalogue->database()); });
+    const double rawMs = bestMilliseconds(3, [&] { rawSearch(program.database()); });
     reportFigure("Search of every book to the filtered book form shown", searchMs, rawMs, "ms");
     return 0;
 }

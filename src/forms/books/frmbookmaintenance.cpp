@@ -7,6 +7,7 @@
 #include "data/providererror.h"
 #include "data/recordsetmodel.h"
 #include "forms/books/bookforms.h"
+#include "forms/books/bookformsources.h"
 #include "forms/books/linksides.h"
 #include "recordform/bounddelegate.h"
 #include "recordform/keyfilters.h"
@@ -23,41 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-
-
-// The six data controls, in the order in which the form binds them.
-struct DataControlSource
-{
-    QString name;
-    QString recordSource;
-};
-
-const QList<DataControlSource> &dataControlSources()
-{
-    static const QList<DataControlSource> sources{
-        {u"adoAuthorLkup"_s, u"select * from tblauthor order by authorsurname"_s},
-        {u"adoAuthor"_s,
-         u"select tblauthor.authorid, tblauthor.authorfirstname, tblauthor.authorsurname from "
-         "tblauthor inner join tblbookauthor on tblbookauthor.authorid =  tblauthor.authorid"_s},
-        {u"adoTopic"_s,
-         u"Select tblbooktopic.topicId, tblbooktopic.BookId, tbltopic.topicdescription, "
-         "tbltopic.topicnotes  from tbltopic inner join tblbooktopic on tblbooktopic.topicid = "
-         "tbltopic.topicid  "_s},
-        {u"adoBook"_s, u"select * from tblBook order by bookdescription"_s},
-        {u"adoBookLkup"_s,
-         u"select BookID,bookdescription from tblbook order by bookdescription"_s},
-        {u"adoPublisher"_s, u"select * from tblPublisher order by PublisherName"_s},
-    };
-    return sources;
-}
-
-const QString FilteredLookupSource =
-    u"select tblbook.BookID, tblbook.bookdescription from tblbook, tblCriteriaHits where "
-    "tblcriteriahits.BookID = tblBook.BookID order by tblBook.bookdescription"_s;
-const QString FilteredBookSource =
-    u"Select tblBook.* from tblBook,tblCriteriaHits where tblcriteriahits.BookID = "
-    "tblBook.BookID order by tblBook.BookDescription"_s;
 
 // The error every data control of the form keeps quiet about.
 constexpr int QuietError = ProviderErrorNumber::FetchFailed;
@@ -114,7 +80,7 @@ DataControl *FrmBookMaintenance::addDataControl(const QString &name, const QStri
 void FrmBookMaintenance::bindDataControls()
 {
     QHash<QString, DataControl *> controls;
-    for (const DataControlSource &source : dataControlSources())
+    for (const DataControlSource &source : BookFormSources())
         controls.insert(source.name, addDataControl(source.name, source.recordSource));
     adoAuthorLkup = controls.value(u"adoAuthorLkup"_s);
     adoAuthor = controls.value(u"adoAuthor"_s);
@@ -134,7 +100,7 @@ void FrmBookMaintenance::bindDataControls()
     // In filtered mode the book's two controls are opened once, on the hits, by
     // enterFilteredMode(): reading every book first would double the load on a large catalogue.
     const bool filtered = m_frame.session().BookFilterPending;
-    for (const DataControlSource &source : dataControlSources()) {
+    for (const DataControlSource &source : BookFormSources()) {
         DataControl *control = controls.value(source.name);
         control->setConnectionString(connectionString());
         // The author and topic lists show one book's links: they open on none here and on the
