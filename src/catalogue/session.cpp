@@ -1,5 +1,6 @@
 #include "catalogue/session.h"
 
+#include "catalogue/storedqueries.h"
 #include "data/connectionstring.h"
 #include "data/runtimeerror.h"
 
@@ -20,6 +21,9 @@ Connection &Session::sharedConnection() const
 void Session::connect()
 {
     hold = std::make_unique<CatalogueHold>(strCataloguePath);
+    // A catalogue from an earlier version gains what today's listings read; one that cannot
+    // be written keeps its queries, and its listings print without what they lack.
+    StoredQueries::Refresh(strCataloguePath);
     cnnCatalogue = std::make_unique<Connection>();
     cnnCatalogue->open(connectionString(), QString(), QString());
 }

@@ -33,7 +33,8 @@ struct Session
     // The run-time connection string every form gives its data controls.
     QString connectionString() const;
 
-    // Takes the hold on the catalogue at strCataloguePath and opens the shared connection.
+    // Takes the hold on the catalogue at strCataloguePath, opens the shared connection and
+    // brings the catalogue's stored queries up to date.
     // Throws ProviderError (3356 while another copy is replacing the file).
     void connect();
     // Closes the shared connection and lets go of the hold, so that the file may be
