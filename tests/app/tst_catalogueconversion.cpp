@@ -12,7 +12,7 @@
 #include "support/modalresponder.h"
 #include "support/screenshot.h"
 #include "support/testmain.h"
-#include "tools/jetfixtures.h"
+#include "../jetimport/jetfixtures.h"
 
 #include <QDir>
 #include <QFile>

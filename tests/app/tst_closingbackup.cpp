@@ -2,7 +2,7 @@
 // after an edit in a form or a statement of the program; none when nothing changed; the
 // newest ten kept; and a folder that cannot take it told once, the catalogue closed anyway.
 
-#include "../data/catalogueprobe.h"
+#include "../catalogue/catalogueprobe.h"
 #include "backupmessage.h"
 #include "compactionmessages.h"
 

@@ -1,9 +1,9 @@
 // File › Compact Catalogue, driven as a user would: the question, the windows that must be
 // closed first, the messages of every ending, and the session it leaves behind.
 
-#include "../data/cataloguedamage.h"
-#include "../data/catalogueprobe.h"
-#include "../tools/snapshot.h"
+#include "../catalogue/cataloguedamage.h"
+#include "../catalogue/catalogueprobe.h"
+#include "../catalogue/snapshot.h"
 #include "backupmessage.h"
 #include "compactionmessages.h"
 

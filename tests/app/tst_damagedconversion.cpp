@@ -13,8 +13,8 @@
 #include "support/finders.h"
 #include "support/modalresponder.h"
 #include "support/testmain.h"
-#include "tools/jetdamage.h"
-#include "tools/jetfixtures.h"
+#include "../jetimport/jetdamage.h"
+#include "../jetimport/jetfixtures.h"
 
 #include <QAction>
 #include <QDir>

@@ -1,149 +1,29 @@
-// frmOpen and the catalogue session: opening, the checks and their order, closing.
-
+// frmOpen: the catalogue it offers, choosing a file, the checks of Open and their order,
+// Exit and help.
 #include "app/formregistry.h"
 #include "app/helptopics.h"
 #include "app/helpwindow.h"
-#include "app/mainframe.h"
-#include "support/catalogueopener.h"
+#include "frmopenfixture.h"
 #include "support/finders.h"
-#include "support/modalresponder.h"
 #include "support/screenshot.h"
 #include "support/testcatalogue.h"
 #include "support/testmain.h"
-#include "taskformdouble.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString CatalogueName = u"QuireshelfCatalog01.mdb"_s;
-
-ModalExpectation incorrectName()
-{
-    return ModalResponder::message(u"Database Open Error"_s,
-                                   u"Incorrect database name. \r\nPlease try again or 'Exit'"_s,
-                                   QMessageBox::NoIcon, {u"OK"_s}, u"OK"_s);
-}
-
-ModalExpectation doesNotExist()
-{
-    return ModalResponder::message(u"Database Open Error"_s,
-                                   u"Database does not exist!\r\nPlease try again or 'Exit'"_s,
-                                   QMessageBox::NoIcon, {u"OK"_s}, u"OK"_s);
-}
-
-ModalExpectation openedMessage()
-{
-    return ModalResponder::message(u"Shelvane"_s, u"Quireshelf Sucessfully opened"_s,
-                                   QMessageBox::NoIcon, {u"OK"_s}, u"OK"_s);
-}
-
-ModalExpectation runtimeError(int number, const QString &description)
-{
-    return ModalResponder::message(u"prjQuireshelf"_s,
-                                   u"Run-time error '"_s + QString::number(number)
-                                       + u"':\r\n\r\n"_s + description,
-                                   QMessageBox::Critical, {u"OK"_s}, u"OK"_s);
-}
-
-// The file dialog's answer: the file typed in and accepted, as a person would.
-ModalExpectation chooseFile(const QString &path)
-{
-    return ModalResponder::dialog(u"cdgOpenDatabase"_s, u"Open"_s, {}, [path](QWidget *window) {
-        auto *dialog = qobject_cast<QFileDialog *>(window);
-        // The dialog leaves a file name box that has the focus alone, as typing goes there.
-        if (QWidget *focus = dialog->focusWidget())
-            focus->clearFocus();
-        dialog->selectFile(path);
-        static_cast<QDialog *>(dialog)->accept(); // as the dialog's own Open button does
-    });
-}
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-} // namespace
-
-class TestFrmOpen : public QObject
+class TestFrmOpen : public FrmOpenTest
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<MainFrame> m_frame;
-    ModalResponder *m_responder = nullptr;
-
-    QWidget *showOpenForm()
-    {
-        QTest::mouseClick(m_frame->findChild<QToolButton *>(u"Open"_s), Qt::LeftButton);
-        QWidget *form = FindForm(u"frmOpen"_s);
-        if (form)
-            activate(form);
-        return form;
-    }
-    static void activate(QWidget *form)
-    {
-        form->activateWindow();
-        // A window counts as active for Qt while its parent is; wait for its own turn.
-        QVERIFY(QTest::qWaitFor([form] { return QApplication::activeWindow() == form; }));
-    }
-    QLineEdit *txtDataBase(QWidget *form)
-    {
-        return FindControl<QLineEdit>(form, u"txtDataBase"_s);
-    }
-    void click(QWidget *form, const QString &button)
-    {
-        QTest::mouseClick(FindControl<QPushButton>(form, button), Qt::LeftButton);
-    }
-    // Picks the file through "...", with the messages expected on the way.
-    void choose(QWidget *form, const QString &path, const QList<ModalExpectation> &messages = {})
-    {
-        m_responder->expect(chooseFile(path));
-        for (const ModalExpectation &message : messages)
-            m_responder->expect(message);
-        click(form, u"cmdFind"_s);
-        const QString problems = m_responder->finish();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-    }
-    void expectNoCatalogue()
-    {
-        QVERIFY(m_frame->session().strCataloguePath.isEmpty());
-        QVERIFY(!m_frame->session().cnnCatalogue);
-        QCOMPARE(m_frame->windowTitle(), u"Shelvane"_s);
-    }
-
 private Q_SLOTS:
-    void init()
-    {
-        m_frame = std::make_unique<MainFrame>();
-        registerDouble(*m_frame, {u"frmBookMaintenance"_s, u"Book Maintenance"_s, u"mnuBooks"_s});
-        registerDouble(*m_frame, {u"frmBookStats"_s, u"Collection Statistics"_s, u"mnuStats"_s});
-        m_frame->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));
-        m_responder = new ModalResponder;
-    }
-
-    void cleanup()
-    {
-        const QString problems = m_responder->finish(100);
-        delete m_responder;
-        m_frame.reset();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-    }
-
     void startsWithNoCatalogue()
     {
         expectNoCatalogue();
@@ -325,41 +205,6 @@ private Q_SLOTS:
         expectNoCatalogue();
     }
 
-    void successfulOpenSetsTheSession()
-    {
-        TestCatalogue catalogue(TestCatalogue::Content::Sample);
-        const QString problems = OpenCatalogueThroughForm(*m_frame, catalogue.path(), *m_responder);
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-
-        const Session &session = m_frame->session();
-        QCOMPARE(session.strCataloguePath, QDir::toNativeSeparators(catalogue.path()));
-        QVERIFY(session.cnnCatalogue && session.cnnCatalogue->isOpen());
-        QCOMPARE(session.cnnCatalogue->filePath(), catalogue.path());
-        QCOMPARE(session.strCurrencySymbol, u"£"_s);
-        QCOMPARE(session.strPriceFormat, u"£###,##0.00"_s);
-        QCOMPARE(m_frame->windowTitle(),
-                 u"Shelvane - Open Catalogue: "_s
-                     + catalogue.scalar(u"SELECT CatalogueName FROM tblCatalogueControl"_s)
-                           .toString());
-        // The book form is prepared out of sight; frmOpen is gone.
-        QWidget *books = m_frame->forms().find(u"frmBookMaintenance"_s);
-        QVERIFY(books);
-        QVERIFY(!books->isVisible());
-        QVERIFY(!m_frame->forms().find(u"frmOpen"_s));
-        QTRY_VERIFY(!FindForm(u"frmOpen"_s));
-        QVERIFY(!SaveScreenshot(m_frame.get(), u"MDIForm1-catalogue-open"_s).isEmpty());
-    }
-
-    void catalogueWithoutOwnerRecordIsNamedByItsPath()
-    {
-        TestCatalogue catalogue(TestCatalogue::Content::Sample);
-        QVERIFY(QSqlQuery(catalogue.db()).exec(u"DELETE FROM tblCatalogueControl"_s));
-        const QString problems = OpenCatalogueThroughForm(*m_frame, catalogue.path(), *m_responder);
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        QCOMPARE(m_frame->windowTitle(),
-                 u"Shelvane - Open Catalogue: "_s + QDir::toNativeSeparators(catalogue.path()));
-    }
-
     void exitLeavesTheSessionAsItWas()
     {
         QWidget *form = showOpenForm();
@@ -401,85 +246,6 @@ private Q_SLOTS:
         // Exit is always possible, as the message says.
         click(form, u"cmdExit"_s);
         QVERIFY(!m_frame->forms().find(u"frmOpen"_s));
-    }
-
-    void openingWhileACatalogueIsOpenNeverReachesTheForm_data()
-    {
-        QTest::addColumn<bool>("fromToolbar");
-        QTest::newRow("File > Open Catalogue") << false;
-        QTest::newRow("toolbar Open File") << true;
-    }
-
-    void openingWhileACatalogueIsOpenNeverReachesTheForm()
-    {
-        QFETCH(bool, fromToolbar);
-        TestCatalogue catalogue(TestCatalogue::Content::Sample);
-        QString problems = OpenCatalogueThroughForm(*m_frame, catalogue.path(), *m_responder);
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        QTRY_VERIFY(!FindForm(u"frmOpen"_s));
-
-        m_responder->expect(ModalResponder::message(
-            u"Shelvane"_s, u"Please close current Quireshelf database first!"_s,
-            QMessageBox::Warning, {u"OK"_s}, u"OK"_s));
-        if (fromToolbar)
-            QTest::mouseClick(m_frame->findChild<QToolButton *>(u"Open"_s), Qt::LeftButton);
-        else
-            m_frame->action(u"mnuOpen"_s)->trigger();
-        problems = m_responder->finish();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        QVERIFY(!m_frame->forms().find(u"frmOpen"_s));
-        QVERIFY(!FindForm(u"frmOpen"_s));
-    }
-
-    void closeUnloadsEveryFormAndResetsTheCaption()
-    {
-        TestCatalogue catalogue(TestCatalogue::Content::Sample);
-        QString problems = OpenCatalogueThroughForm(*m_frame, catalogue.path(), *m_responder);
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        m_frame->action(u"mnuStats"_s)->trigger();
-        m_frame->action(u"mnuAbout"_s)->trigger();
-        QVERIFY(m_frame->forms().find(u"frmBookStats"_s));
-        QVERIFY(!m_frame->action(u"mnuStats"_s)->isEnabled());
-
-        m_responder->expect(ModalResponder::message(
-            u"Close Catalogue"_s,
-            u"Catalogue "_s + QDir::toNativeSeparators(catalogue.path()) + u" closed!"_s,
-            QMessageBox::Information, {u"OK"_s}, u"OK"_s));
-        m_frame->action(u"mnuClose"_s)->trigger();
-        problems = m_responder->finish();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-
-        QVERIFY(m_frame->forms().loadedForms().isEmpty());
-        for (const QString &name :
-             {u"frmBookStats"_s, u"frmBookMaintenance"_s, u"frmAbout"_s})
-            QTRY_VERIFY2(!FindForm(name), qPrintable(name));
-        QVERIFY(m_frame->action(u"mnuStats"_s)->isEnabled());
-        expectNoCatalogue();
-
-        m_responder->expect(ModalResponder::message(
-            u"Shelvane"_s, u"Please open Quireshelf database first!"_s, QMessageBox::Warning,
-            {u"OK"_s}, u"OK"_s));
-        m_frame->action(u"mnuClose"_s)->trigger();
-        problems = m_responder->finish();
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        expectNoCatalogue();
-    }
-
-    void closeStopsAtAFormThatKeepsItsEdit()
-    {
-        TestCatalogue catalogue(TestCatalogue::Content::Sample);
-        QString problems = OpenCatalogueThroughForm(*m_frame, catalogue.path(), *m_responder);
-        QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        m_frame->action(u"mnuStats"_s)->trigger();
-        auto *stats = qobject_cast<TaskFormDouble *>(m_frame->forms().find(u"frmBookStats"_s));
-        QVERIFY(stats);
-        stats->refuseClose = true;
-
-        m_frame->action(u"mnuClose"_s)->trigger();
-        QCOMPARE(m_frame->session().strCataloguePath, QDir::toNativeSeparators(catalogue.path()));
-        QVERIFY(m_frame->session().cnnCatalogue);
-        QCOMPARE(m_frame->forms().loadedForms(), QList<QWidget *>{stats});
-        stats->refuseClose = false;
     }
 
     void helpOpensTheFormsOwnTopic()

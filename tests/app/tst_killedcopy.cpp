@@ -2,7 +2,7 @@
 // revaluation, at each step of the commit: the catalogue it leaves passes the check and
 // holds either none of the change, when killed before the commit, or all of it.
 
-#include "../data/catalogueprobe.h"
+#include "../catalogue/catalogueprobe.h"
 #include "childcopy.h"
 
 #include "catalogue/cataloguecheck.h"

@@ -9,7 +9,7 @@
 #include "support/testcatalogue.h"
 #include "support/testmain.h"
 #include "taskformdouble.h"
-#include "tools/jetfixtures.h"
+#include "../jetimport/jetfixtures.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,8 +4,8 @@
 // replaced; once it has closed the catalogue, compaction goes through, and its edit is in
 // the file whichever came first.
 
-#include "../data/catalogueprobe.h"
-#include "../tools/snapshot.h"
+#include "../catalogue/catalogueprobe.h"
+#include "../catalogue/snapshot.h"
 #include "childcopy.h"
 #include "compactionmessages.h"
 

@@ -1,5 +1,6 @@
 # Fails when a source file of the program includes a header of a layer above its own, when a
-# file under src/ reaches into tools/, or when a source file grows past MAX_LINES lines.
+# file under src/ reaches into tools/, or when a source file of the program, its tests or its
+# benchmarks grows past MAX_LINES lines.
 # Run as: cmake -DSOURCE_DIR=<top of the project> -DMAX_LINES=500 -P checklayers.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -77,7 +78,9 @@ endforeach()
 
 file(GLOB_RECURSE all_sources RELATIVE "${SOURCE_DIR}"
     "${SOURCE_DIR}/src/*.cpp" "${SOURCE_DIR}/src/*.h"
-    "${SOURCE_DIR}/tools/*.cpp" "${SOURCE_DIR}/tools/*.h")
+    "${SOURCE_DIR}/tools/*.cpp" "${SOURCE_DIR}/tools/*.h"
+    "${SOURCE_DIR}/tests/*.cpp" "${SOURCE_DIR}/tests/*.h"
+    "${SOURCE_DIR}/bench/*.cpp" "${SOURCE_DIR}/bench/*.h")
 foreach(source IN LISTS all_sources)
     file(READ "${SOURCE_DIR}/${source}" text)
     string(REGEX MATCHALL "\n" newlines "${text}")

@@ -26,6 +26,15 @@ QList<const ReportPage *> AllPages(ReportPaginator &report)
     return pages;
 }
 
+const PageItem *itemOf(const ReportPage &page, const QString &control)
+{
+    for (const PageItem &item : page.items) {
+        if (item.control == control)
+            return &item;
+    }
+    return nullptr;
+}
+
 QStringList TextsOf(const QList<const ReportPage *> &pages, const QString &control)
 {
     QStringList texts;

@@ -35,6 +35,8 @@ ReportDocument LoadListingOf(const QString &cataloguePath, CatalogueListing list
 
 // Every page, laid out.
 QList<const ReportPage *> AllPages(ReportPaginator &report);
+// The first item a control printed on a page; nullptr when it printed none there.
+const PageItem *itemOf(const ReportPage &page, const QString &control);
 // What one control printed, page after page, in order.
 QStringList TextsOf(const QList<const ReportPage *> &pages, const QString &control);
 

@@ -91,6 +91,16 @@ ModalExpectation ModalResponder::message(const QString &title, const QString &te
     return expectation;
 }
 
+ModalExpectation confirmExit(const QString &press)
+{
+    return ModalResponder::message(u"Confirm Exit"_s,
+                                   u"Edit in progress do you wish apply updates\r\n"
+                                   "Press 'Yes' to apply updates and then exit\r\n"
+                                   "Press 'No' to skip updates and exit\r\n"
+                                   "Press 'Cancel' to continue editting"_s,
+                                   QMessageBox::NoIcon, {u"Yes"_s, u"No"_s, u"Cancel"_s}, press);
+}
+
 ModalExpectation ModalResponder::dialog(const QString &objectName, const QString &title,
                                         const QString &press, std::function<void(QWidget *)> act)
 {

@@ -65,3 +65,6 @@ private:
     QStringList m_problems;
     int m_queuedPresses = 0;
 };
+
+// Confirm Exit, which a form asks when it closes with an edit pending, answered with `press`.
+ModalExpectation confirmExit(const QString &press);

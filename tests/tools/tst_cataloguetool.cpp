@@ -1,7 +1,7 @@
 // shelvane-catalog as a person runs it: exit statuses, messages, files left behind.
 #include "catalogue/scopeddatabase.h"
-#include "jetfixtures.h"
-#include "snapshot.h"
+#include "../catalogue/snapshot.h"
+#include "../jetimport/jetfixtures.h"
 #include "support/testcatalogue.h"
 #include "support/toolrun.h"
 

@@ -78,6 +78,15 @@ int BookFormFixture::rows(const QString &sql) const
     return m_catalogue.scalar(u"select count(*) from ("_s + sql + u")"_s).toInt();
 }
 
+QVariant bookValue(const BookFormFixture &fixture, const QString &column, const QString &title)
+{
+    QSqlQuery query(fixture.catalogue().db());
+    query.prepare(u"select "_s + column + u" from tblBook where BookDescription = ?"_s);
+    query.addBindValue(title);
+    query.exec();
+    return query.next() ? query.value(0) : QVariant();
+}
+
 QString Panel(const QWidget *form, int number)
 {
     auto *bar = FindControl<RecordStatusBar>(form, u"stbContents"_s);

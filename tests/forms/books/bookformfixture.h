@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
@@ -49,6 +50,12 @@ private:
     std::unique_ptr<ModalResponder> m_responder;
     QString m_problems;
 };
+
+// The first book of the sample catalogue in title order.
+inline const QString FirstTitle = QStringLiteral("A Christmas Carol");
+
+// One column of the book with the given title, straight from the file.
+QVariant bookValue(const BookFormFixture &fixture, const QString &column, const QString &title);
 
 // A status bar panel of the form, counted from 1.
 QString Panel(const QWidget *form, int number);

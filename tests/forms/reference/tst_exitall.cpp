@@ -13,21 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString ConfirmExitText = u"Edit in progress do you wish apply updates\r\n"
-                                "Press 'Yes' to apply updates and then exit\r\n"
-                                "Press 'No' to skip updates and exit\r\n"
-                                "Press 'Cancel' to continue editting"_s;
-
-ModalExpectation confirmExit(const QString &press)
-{
-    return ModalResponder::message(u"Confirm Exit"_s, ConfirmExitText, QMessageBox::NoIcon,
-                                   {u"Yes"_s, u"No"_s, u"Cancel"_s}, press);
-}
-
-} // namespace
-
 class TestExitAll : public QObject
 {
     Q_OBJECT

@@ -18,17 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ConfirmExitText = u"Edit in progress do you wish apply updates\r\n"
-                                "Press 'Yes' to apply updates and then exit\r\n"
-                                "Press 'No' to skip updates and exit\r\n"
-                                "Press 'Cancel' to continue editting"_s;
-
-ModalExpectation confirmExit(const QString &press)
-{
-    return ModalResponder::message(u"Confirm Exit"_s, ConfirmExitText, QMessageBox::NoIcon,
-                                   {u"Yes"_s, u"No"_s, u"Cancel"_s}, press);
-}
-
 // The book form as the publishers' form sees it: a loaded form of that name whose publisher
 // list can be refreshed. It reads the list afresh from the catalogue each time.
 class BookFormDouble : public QWidget

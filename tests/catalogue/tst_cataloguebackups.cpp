@@ -1,7 +1,7 @@
 // Dated backups of a catalogue: a whole, checked copy with every row, named with the date and
 // time, only the newest kept beside the catalogue, and nothing left behind by one that fails.
 
-#include "../tools/snapshot.h"
+#include "snapshot.h"
 #include "cataloguedamage.h"
 #include "catalogueprobe.h"
 

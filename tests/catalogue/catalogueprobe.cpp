@@ -1,6 +1,6 @@
 #include "catalogueprobe.h"
 
-#include "../tools/snapshot.h"
+#include "snapshot.h"
 
 #include "catalogue/scopeddatabase.h"
 

@@ -3,7 +3,7 @@
 // another program holding the file, a damaged file) leaves a whole catalogue under its name,
 // holding every row it held before.
 
-#include "../tools/snapshot.h"
+#include "snapshot.h"
 #include "cataloguedamage.h"
 #include "catalogueprobe.h"
 

@@ -1,8 +1,8 @@
 // shelvane-catalog backup and restore as a person runs them, with a copy of the program
 // holding the catalogue open where that matters: what they print, the files they leave, and
 // a catalogue that is never replaced under a copy that has it open.
-#include "../data/cataloguedamage.h"
-#include "../data/catalogueprobe.h"
+#include "cataloguedamage.h"
+#include "catalogueprobe.h"
 #include "snapshot.h"
 
 #include "catalogue/cataloguebackups.h"
