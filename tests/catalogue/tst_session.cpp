@@ -3,7 +3,6 @@
 // price format of every locale.
 
 #include "catalogue/session.h"
-#include "catalogue/session.h"
 #include "data/connection.h"
 #include "data/recordset.h"
 #include "data/runtimeerror.h"
