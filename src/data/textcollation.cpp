@@ -1,9 +1,8 @@
 #include "data/textcollation.h"
 
+#include "data/sqlitehandle.h"
+
 #include <QLocale>
-#include <QSqlDatabase>
-#include <QSqlDriver>
-#include <QVariant>
 
 #include <sqlite3.h>
 #include <unicode/ucol.h>
@@ -124,21 +123,13 @@ void like(sqlite3_context *context, int argc, sqlite3_value **argv)
     sqlite3_set_auxdata(context, 0, pattern.release(), destroyPattern);
 }
 
-sqlite3 *handleOf(const QSqlDatabase &database)
-{
-    const QVariant handle = database.driver() ? database.driver()->handle() : QVariant();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return nullptr;
-    return *static_cast<sqlite3 *const *>(handle.constData());
-}
-
 } // namespace
 
 namespace TextCollation {
 
 bool registerOn(const QSqlDatabase &database)
 {
-    sqlite3 *handle = handleOf(database);
+    sqlite3 *handle = SqliteHandleOf(database);
     if (!handle)
         return false;
     auto order = std::make_unique<DictionaryOrder>();
