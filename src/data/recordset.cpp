@@ -38,10 +38,11 @@ Recordset::Recordset()
 Recordset::~Recordset() = default;
 
 std::unique_ptr<Recordset> Recordset::open(Connection &connection, const QString &commandText,
-                                           CommandType type)
+                                           CommandType type, Reading reading)
 {
     std::unique_ptr<Recordset> rs(new Recordset);
     rs->d->connection = &connection;
+    rs->d->readWhole = reading == Reading::Whole;
     rs->d->sql = type == CommandType::Text ? JetSql::toCollatedSqlite(commandText)
                                            : u"SELECT * FROM "_s + commandText;
     rs->d->fetch();

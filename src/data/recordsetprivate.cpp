@@ -7,9 +7,12 @@ using namespace Qt::StringLiterals;
 
 void Recordset::Private::fetch()
 {
-    lazy = LazyRows::forSelect(sql);
-    if (!lazy)
-        lazy = LazyRows::forJoin(sql);
+    lazy.reset();
+    if (!readWhole) {
+        lazy = LazyRows::forSelect(sql);
+        if (!lazy)
+            lazy = LazyRows::forJoin(sql);
+    }
     if (lazy && fetchKeys())
         return;
     lazy.reset();

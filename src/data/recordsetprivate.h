@@ -19,6 +19,7 @@ struct Recordset::Private
 {
     Connection *connection = nullptr;
     QString sql;
+    bool readWhole = false; // every row at once, even where they could be read as visited
     bool open = false;
     QStringList fields;
     QHash<QString, int> fieldByName; // lower-case name to index
