@@ -59,14 +59,29 @@ void readAll(const QSqlDatabase &db, const QString &statement)
     }
 }
 
-double residentMiB()
+namespace {
+
+// A memory figure of a process's status, "VmRSS:" or "VmHWM:", in MiB.
+double statusMiB(const QString &process, const QByteArray &field)
 {
-    QFile status(u"/proc/self/status"_s);
+    QFile status(u"/proc/%1/status"_s.arg(process));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
+        if (line.startsWith(field))
+            return line.mid(field.size()).trimmed().split(' ').value(0).toDouble() / 1024.0;
     }
     return 0;
+}
+
+} // namespace
+
+double residentMiB()
+{
+    return statusMiB(u"self"_s, "VmRSS:");
+}
+
+double peakResidentMiB(qint64 pid)
+{
+    return statusMiB(QString::number(pid), "VmHWM:");
 }

@@ -26,3 +26,5 @@ double bestMilliseconds(int runs, const std::function<void()> &action);
 void readAll(const QSqlDatabase &db, const QString &statement);
 // Resident memory of this process, in MiB (0 where the system does not say).
 double residentMiB();
+// The most resident memory a running process has had since it started its program, in MiB.
+double peakResidentMiB(qint64 pid);

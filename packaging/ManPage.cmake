@@ -25,7 +25,7 @@ set(include_file "${output_folder}/shelvane-catalog.h2m")
 file(WRITE "${include_file}" "${include_text}")
 execute_process(
     COMMAND help2man --no-info --version-string=${VERSION}
-        "--name=make, check, import and export Shelvane catalogue files"
+        "--name=make, check, import, export, back up and restore Shelvane catalogue files"
         --include=${include_file} --output=${OUTPUT} "${TOOL}"
     RESULT_VARIABLE result)
 if(NOT result EQUAL 0)

@@ -1,6 +1,8 @@
-// shelvane-catalog: makes, checks and imports Shelvane catalogue files.
+// shelvane-catalog: makes, checks, imports, backs up and restores Shelvane catalogue files.
+#include "catalogue/cataloguebackups.h"
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
+#include "catalogue/cataloguerestore.h"
 #include "catalogue/generator.h"
 #include "catalogue/samplecollection.h"
 #include "commandline.h"
@@ -19,6 +21,7 @@
 #include "reports/reportpaginator.h"
 #include "transfercommands.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -35,7 +38,7 @@ constexpr int ExitUsage = 2;
 constexpr int ExitCannotImport = 2;
 const QString program = u"shelvane-catalog"_s;
 
-const Option force{u"--force"_s, {}, u"replace an existing file"_s};
+const Option force{u"--force"_s, {}, u"replace an existing file (not one Shelvane has open)"_s};
 
 const Option strict{u"--strict"_s, {}, u"stop at the first problem instead of repairing it"_s};
 
@@ -131,6 +134,34 @@ int runCheck(const Arguments &args)
     return problems.isEmpty() ? 0 : ExitFailure;
 }
 
+int runBackup(const Arguments &args)
+{
+    if (!QFileInfo(args.path).isFile())
+        throw CatalogueFileError(u"%1: no such catalogue file"_s.arg(args.path));
+    const CatalogueBackups::Made made = args.has(u"--to"_s)
+        ? CatalogueBackups::make(args.path, args.given.value(u"--to"_s))
+        : CatalogueBackups::keep(args.path);
+    if (!made.ok())
+        throw CatalogueFileError(u"%1: no backup could be made in %2: %3"_s.arg(
+            args.path, QDir::toNativeSeparators(made.folder), made.problem));
+    out() << args.path << ": backed up to " << QDir::toNativeSeparators(made.path) << '\n';
+    return 0;
+}
+
+int runRestore(const Arguments &args)
+{
+    const QString &backup = args.paths[0];
+    const QString &catalogue = args.paths[1];
+    const CatalogueRestore::Restored restored = CatalogueRestore::run(backup, catalogue);
+    out() << catalogue << ": restored from " << backup << '\n';
+    if (restored.keptUnchecked)
+        out() << "the catalogue it replaced failed its check; it is kept as it was in "
+              << QDir::toNativeSeparators(restored.keptAs) << '\n';
+    else if (!restored.keptAs.isEmpty())
+        out() << "the catalogue it replaced is kept in " << QDir::toNativeSeparators(restored.keptAs) << '\n';
+    return 0;
+}
+
 // A report that cannot be made: one line on the error stream, exit status 2.
 struct ReportError
 {
@@ -157,7 +188,16 @@ ReportDocument loadLabelSheet(const QString &cataloguePath, DataEnvironment &deS
     {
         Connection connection;
         connection.open(ConnectionString::forCatalogue(cataloguePath));
-        FillLabelTable(connection);
+        ProgressLine progress;
+        LabelCopyProgress copying;
+        if (stderrIsTerminal()) {
+            copying = [&progress](int copied, int total) {
+                progress.show(u"copying labels: %1 of %2"_s.arg(copied).arg(total));
+                return true;
+            };
+        }
+        FillLabelTable(connection, copying);
+        progress.wipe();
     }
     return LoadLabelSheet(deShelvane);
 }
@@ -192,17 +232,19 @@ int runReport(const Arguments &args)
     ReportDocument document = loadReport(args.given.value(u"--by"_s), args.path);
     const QString caption = document.definition.caption;
     const std::unique_ptr<ReportPaginator> report = document.paginate();
-    PdfExport::Progress progress;
-    if (stderrIsTerminal()) {
-        progress = [](int pages) {
+    const bool terminal = stderrIsTerminal();
+    // Pages go to the file in order and are not looked at again: a long report is never
+    // held whole.
+    const PdfExport::Progress progress = [&report, terminal](int pages) {
+        report->releasePagesBefore(pages);
+        if (terminal)
             err() << "\rwriting pages: " << pages << Qt::flush;
-            return true;
-        };
-    }
+        return true;
+    };
     QString error;
     if (PdfExport::write(*report, output, progress, &error) != PdfExport::Outcome::Written)
         throw ReportError{error};
-    if (stderrIsTerminal())
+    if (terminal)
         err() << '\n';
     const int pages = report->pagesLaidOut();
     out() << output << ": " << caption << ", " << pages
@@ -250,9 +292,30 @@ const QList<Command> commands = QList<Command>{
      "\n"
      "Ends with a check of the new catalogue and a summary: rows per table, problems,\n"
      "time. Exits with 2, leaving no file under NEW, when OLD cannot be read or is no\n"
-     "catalogue, NEW exists already (without --force), the import stops or the new file\n"
-     "cannot be written; with 1 when the check finds a problem."_s,
+     "catalogue, NEW exists already (without --force) or Shelvane has it open, the\n"
+     "import stops or the new file cannot be written; with 1 when the check finds a\n"
+     "problem."_s,
      {strict, force}, runImport, {u"OLD"_s, u"NEW"_s}},
+    {u"backup"_s, u"make a checked copy of a catalogue, safe while Shelvane has it open"_s,
+     u"Copies the catalogue with SQLite's online backup, so the copy is whole even while\n"
+     "Shelvane has the catalogue open and is writing to it, and checks the copy. The\n"
+     "copy is named after the catalogue with the date and time, for instance\n"
+     "\"QuireshelfCatalog01 2024-05-01 14-03-59.mdb\", and goes into the folder Backups\n"
+     "beside the catalogue, where Shelvane keeps its own backups and only the newest 10\n"
+     "are kept (section Backups, key Keep of Shelvane's settings); or into FOLDER with\n"
+     "--to, where nothing is ever removed. Prints the copy's name. Exits with 1, leaving\n"
+     "no file, when the copy cannot be made."_s,
+     {{u"--to"_s, u"FOLDER"_s, u"the folder to put the copy in (made if missing)"_s}},
+     runBackup, {u"CATALOGUE"_s}},
+    {u"restore"_s, u"put a backup back in a catalogue's place"_s,
+     u"Replaces the catalogue at CATALOGUE with the catalogue kept in BACKUP. The backup\n"
+     "must pass the check. The catalogue it replaces is first kept as a backup itself,\n"
+     "in the folder Backups beside it; a catalogue that fails its check is kept as it\n"
+     "is, its name ending in \"unchecked\". The backup's copy is written beside the\n"
+     "catalogue and takes its name in one step once it is on the disk, so a failure\n"
+     "leaves the catalogue as it was. Refused while a copy of Shelvane has the catalogue\n"
+     "open: close it there first. Exits with 1, changing nothing, when refused."_s,
+     {}, runRestore, {u"BACKUP"_s, u"CATALOGUE"_s}},
     {u"report"_s, u"write a catalogue listing or the label sheet to a PDF file"_s,
      u"Writes one of the printed catalogue listings of the catalogue at PATH to a PDF\n"
      "file, the same pages the program's report window shows: by title, by author, or\n"
@@ -316,13 +379,24 @@ int runCommand(const Command &command, const QStringList &args)
 
 int main(int argc, char *argv[])
 {
-    // Only a report draws pages: it needs fonts, never a display.
-    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0;
+    // Only a report draws pages: it needs fonts, never a display. Its help draws nothing, and
+    // says nothing of a graphical system that is not there.
+    const auto asksForHelp = [&] {
+        for (int i = 2; i < argc; ++i) {
+            if (qstrcmp(argv[i], "--help") == 0 || qstrcmp(argv[i], "-h") == 0)
+                return true;
+        }
+        return false;
+    };
+    const bool drawsPages = argc > 1 && qstrcmp(argv[1], "report") == 0 && !asksForHelp();
     if (drawsPages)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const std::unique_ptr<QCoreApplication> app =
         drawsPages ? std::make_unique<QGuiApplication>(argc, argv)
                    : std::make_unique<QCoreApplication>(argc, argv);
+    // The backups read the settings the program keeps.
+    QCoreApplication::setOrganizationName(u"Shelvane"_s);
+    QCoreApplication::setApplicationName(u"prjQuireshelf"_s);
     QStringList args = QCoreApplication::arguments().mid(1);
     if (args.isEmpty())
         return usageError(u"no command given"_s, programUsage());

@@ -2,12 +2,18 @@
 
 #include "app/conversionprogress.h"
 #include "catalogue/cataloguefile.h"
+#include "catalogue/cataloguelock.h"
+#include "catalogue/filereplacement.h"
+#include "data/catalogueformat.h"
 #include "jetimport/catalogueimport.h"
 #include "recordform/msgbox.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +66,43 @@ void tellSuccess(const CatalogueImport::Summary &summary, const QString &keptPat
     MsgBox(text, Vb::OKOnly | Vb::Information, u"Shelvane"_s);
 }
 
+// The old file keeps its bytes under the kept name (a second name for the same file where
+// the system allows it, else a copy), and the converted catalogue takes the old name in one
+// step: the name holds the old file or the converted one at every moment.
+QString keepOldFile(const QString &path, const QString &keptPath)
+{
+    std::error_code failure;
+    std::filesystem::create_hard_link(QFileInfo(path).filesystemFilePath(),
+                                      QFileInfo(keptPath).filesystemFilePath(), failure);
+    if (!failure)
+        return {};
+    const QString cannotKeep = u"the old file cannot be kept as '"_s + fileName(keptPath) + u"'."_s;
+    if (!QFile::copy(path, keptPath))
+        return cannotKeep;
+    if (!FileReplacement::flushToDisk(keptPath).isEmpty()) {
+        QFile::remove(keptPath);
+        return cannotKeep;
+    }
+    return {};
+}
+
+QString replaceConverted(const QString &path, const QString &converted, const QString &keptPath)
+{
+    // Another copy of the program may have converted the file meanwhile, and be working on
+    // the catalogue that now has its name.
+    const CatalogueLock alone(path, CatalogueLock::Mode::Exclusive);
+    if (alone.inUse() || CatalogueFormat::ofFile(path) != CatalogueFormat::Kind::Jet)
+        return u"another copy of Shelvane has converted it meanwhile."_s;
+    if (const QString problem = keepOldFile(path, keptPath); !problem.isEmpty())
+        return problem;
+    const QString problem = FileReplacement::replace(converted, path);
+    if (problem.isEmpty())
+        return {};
+    QFile::remove(keptPath);
+    return u"the converted catalogue cannot be named '"_s + fileName(path) + u"' ("_s + problem
+        + u")."_s;
+}
+
 } // namespace
 
 QString OlderFormatPath(const QString &path)
@@ -97,15 +140,10 @@ bool OfferConversion(const QString &path, QWidget *parent)
             return false;
         }
     }
-    if (!QFile::rename(path, keptPath)) {
+    const QString problem = replaceConverted(path, converted, keptPath);
+    if (!problem.isEmpty()) {
         QFile::remove(converted);
-        tellFailure(u"the old file cannot be renamed to '"_s + fileName(keptPath) + u"'."_s);
-        return false;
-    }
-    if (!QFile::rename(converted, path)) {
-        QFile::rename(keptPath, path);
-        QFile::remove(converted);
-        tellFailure(u"the converted catalogue cannot be named '"_s + fileName(path) + u"'."_s);
+        tellFailure(problem);
         return false;
     }
     tellSuccess(summary, keptPath);

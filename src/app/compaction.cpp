@@ -1,6 +1,7 @@
 #include "app/compaction.h"
 
 #include "app/formregistry.h"
+#include "app/keepbackup.h"
 #include "app/mainframe.h"
 #include "catalogue/reorganisation.h"
 #include "recordform/msgbox.h"
@@ -50,10 +51,18 @@ bool closeBookForms(FormRegistry &forms)
 void closeConnections(MainFrame &frame)
 {
     Q_EMIT frame.closingConnections();
-    Session &session = frame.session();
-    if (session.cnnCatalogue)
-        session.cnnCatalogue->close();
-    session.cnnCatalogue.reset();
+    frame.session().disconnect();
+}
+
+// The dated backup made before compacting stands for the changes made until then.
+void settleDatedBackup(Session &session, const Reorganisation::Result &result)
+{
+    if (!result.kept)
+        return;
+    if (result.kept->ok())
+        session.changeNotBackedUp = false;
+    else
+        TellBackupFailed(*result.kept);
 }
 
 void tellInUse()
@@ -131,6 +140,7 @@ void CompactDatabase(MainFrame &frame)
     // A folder that cannot be made is reported by the backup that cannot be written there.
     QDir().mkpath(QFileInfo(backup).absolutePath());
     const auto result = Reorganisation::reorganiseCatalogue(catalogue, backup);
+    settleDatedBackup(frame.session(), result);
     // Another program holding the catalogue leaves it closed: the user is told to start again.
     if (tellOutcome(result, catalogue, backup))
         frame.connectCatalogue();

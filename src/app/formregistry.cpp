@@ -122,11 +122,16 @@ QWidget *FormRegistry::show(const QString &name)
     return form;
 }
 
-// The frame's own placement may put a form partly past its right or bottom edge, hiding its
-// buttons; a form is moved back in as far as the frame's size allows.
+// The frame's own placement may put a form partly past its right or bottom edge, and a form
+// designed larger than the frame's workspace would hide its buttons and scroll bars: a form
+// is made to fit, never below its smallest size, and moved back in as far as the frame's
+// size allows.
 void FormRegistry::keepInsideArea(QMdiSubWindow *subWindow) const
 {
+    if (subWindow->isMaximized() || subWindow->isMinimized())
+        return;
     const QRect area = m_area->viewport()->rect();
+    subWindow->resize(subWindow->size().boundedTo(area.size()).expandedTo(subWindow->minimumSizeHint()));
     QRect placed = subWindow->geometry();
     placed.moveRight(std::min(placed.right(), area.right()));
     placed.moveBottom(std::min(placed.bottom(), area.bottom()));

@@ -9,11 +9,9 @@
 #include "app/programfolder.h"
 #include "data/catalogueformat.h"
 #include "data/providererror.h"
-#include "data/recordset.h"
 #include "data/runtimeerror.h"
 #include "recordform/msgbox.h"
 #include "recordform/runtimeerrorreport.h"
-#include "reports/numberformat.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -47,16 +45,6 @@ bool causesValidation(const QObject *control)
 {
     const QVariant value = control->property("causesValidation");
     return !value.isValid() || value.toBool();
-}
-
-// The first field of the owner's record is the catalogue's name. A catalogue without that
-// record is shown by its path instead, so that the caption still says which file is open.
-QString catalogueName(Connection &connection)
-{
-    const auto owner = connection.execute(u"tblCatalogueControl"_s, CommandType::Table);
-    if (owner->eof())
-        return QDir::toNativeSeparators(connection.filePath());
-    return owner->value(0).toString();
 }
 
 } // namespace
@@ -178,9 +166,7 @@ void FrmOpen::openCatalogue(const QString &path)
     session.strCataloguePath = path;
     MsgBox(u"Quireshelf Sucessfully opened"_s, Vb::OKOnly, u"Shelvane"_s);
     try {
-        m_frame.connectCatalogue();
-        SetPriceFormat(session, QLocale());
-        m_frame.showCatalogueName(catalogueName(*session.cnnCatalogue));
+        m_frame.startSession();
     } catch (const ProviderError &error) {
         abandonOpen();
         ReportRuntimeError(error.number, error.description);

@@ -3,6 +3,7 @@
 #include "app/helpbrowser.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
@@ -12,6 +13,7 @@
 #include <QHelpSearchQueryWidget>
 #include <QHelpSearchResultWidget>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
@@ -25,6 +27,21 @@ namespace {
 
 const QString PlaceGroup = u"HelpWindow"_s;
 const QString PlaceKey = u"Geometry"_s;
+const QSize DefaultSize(900, 640);
+// The window manager's frame round a window not yet shown, which it has not measured yet: a
+// title bar above and a thin border elsewhere.
+const QMargins AssumedFrame(4, 32, 4, 4);
+
+// The screen a window at `place` belongs to: the one it stands on, or, when it stands on
+// none (a screen since unplugged), the one the program is working on.
+QScreen *screenFor(const QRect &place)
+{
+    if (QScreen *screen = QGuiApplication::screenAt(place.center()))
+        return screen;
+    if (QWidget *active = QApplication::activeWindow())
+        return active->screen();
+    return QGuiApplication::primaryScreen();
+}
 
 } // namespace
 
@@ -169,10 +186,35 @@ QWidget *HelpWindow::searchPane()
     return pane;
 }
 
+// The place kept from the last time, or centred over the program's active window.
 void HelpWindow::restorePlace()
 {
-    resize(900, 640);
     const QByteArray place = QSettings().value(PlaceGroup + u'/' + PlaceKey).toByteArray();
-    if (!place.isEmpty())
-        restoreGeometry(place);
+    if (place.isEmpty() || !restoreGeometry(place)) {
+        resize(DefaultSize);
+        const QWidget *active = QApplication::activeWindow();
+        const QRect over = active ? active->frameGeometry()
+                                  : QGuiApplication::primaryScreen()->availableGeometry();
+        move(over.center() - rect().center());
+    }
+    keepOnScreen();
+}
+
+// A place kept on a larger screen, or a window taller than a small screen, is moved and
+// shrunk until the window with its frame lies wholly on its screen.
+void HelpWindow::keepOnScreen()
+{
+    const QRect frameRect = frameGeometry();
+    const QMargins frame = frameRect == geometry()
+        ? AssumedFrame
+        : QMargins(geometry().left() - frameRect.left(), geometry().top() - frameRect.top(),
+                   frameRect.right() - geometry().right(), frameRect.bottom() - geometry().bottom());
+    const QRect room = screenFor(geometry())->availableGeometry().marginsRemoved(frame);
+    QRect place = geometry();
+    place.setSize(place.size().boundedTo(room.size()));
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    setGeometry(place);
 }

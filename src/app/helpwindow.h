@@ -7,7 +7,8 @@ class QHelpEngine;
 class QTabWidget;
 
 // The program's help window: the contents, an index of keywords and a full-text search beside
-// the topic shown, with Back and Forward. Its size and place are kept between runs.
+// the topic shown, with Back and Forward. Its size and place are kept between runs; it opens
+// wholly on the screen it belongs to, whatever place was kept.
 class HelpWindow : public QWidget
 {
     Q_OBJECT
@@ -29,6 +30,7 @@ private:
     QWidget *indexPane();
     QWidget *searchPane();
     void restorePlace();
+    void keepOnScreen();
 
     QHelpEngine *m_engine;
     HelpBrowser *m_browser;

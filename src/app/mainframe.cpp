@@ -7,17 +7,21 @@
 #include "app/frmabout.h"
 #include "app/frmopen.h"
 #include "app/helptopics.h"
+#include "app/keepbackup.h"
 #include "app/mdiwindows.h"
 #include "app/printlist.h"
 #include "app/toolbaricons.h"
 #include "data/providererror.h"
+#include "data/recordset.h"
 #include "data/runtimeerror.h"
 #include "recordform/msgbox.h"
 #include "recordform/promptpreference.h"
 #include "recordform/runtimeerrorreport.h"
+#include "reports/numberformat.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
@@ -187,16 +191,28 @@ void MainFrame::closeCatalogue()
     // A form that keeps an edit the user chose not to lose keeps the catalogue open too.
     if (!m_forms->unloadAll())
         return;
+    KeepBackupIfChanged(m_session);
     MsgBox(u"Catalogue "_s + m_session.strCataloguePath + u" closed!"_s,
            Vb::OKOnly | Vb::Information, u"Close Catalogue"_s);
     m_session.clear();
     showNoCatalogue();
 }
 
+void MainFrame::startSession()
+{
+    connectCatalogue();
+    SetPriceFormat(m_session, QLocale());
+    // The first field of the owner's record is the catalogue's name. A catalogue without that
+    // record is shown by its path instead, so that the caption still says which file is open.
+    Connection &connection = *m_session.cnnCatalogue;
+    const auto owner = connection.execute(u"tblCatalogueControl"_s, CommandType::Table);
+    showCatalogueName(owner->eof() ? QDir::toNativeSeparators(connection.filePath())
+                                   : owner->value(0).toString());
+}
+
 void MainFrame::connectCatalogue()
 {
-    m_session.cnnCatalogue = std::make_unique<Connection>();
-    m_session.cnnCatalogue->open(m_session.connectionString(), QString(), QString());
+    m_session.connect();
     // Prepared out of sight; the books command brings it up.
     for (const FormEntry &entry : m_forms->entries()) {
         if (entry.loadedWithCatalogue)
@@ -211,6 +227,7 @@ void MainFrame::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    KeepBackupIfChanged(m_session);
     m_session.clear();
     QMainWindow::closeEvent(event);
 }

@@ -57,8 +57,13 @@ public:
     void openCatalogue();
     // File › Close Catalogue.
     void closeCatalogue();
-    // Opens the shared connection on the session's catalogue and loads the book form hidden,
-    // as opening a catalogue does and as compaction does again afterwards.
+    // What opening a catalogue does once its file has passed the open form's checks and the
+    // user has been told it opened: connectCatalogue, the reports' price format in the user's
+    // locale, and the caption naming the catalogue. Throws ProviderError or RuntimeError; the
+    // caller then leaves no catalogue open.
+    void startSession();
+    // Opens the shared connection on the session's catalogue and loads the forms that come
+    // with a catalogue, as opening does and as compaction does again afterwards.
     void connectCatalogue();
 
 Q_SIGNALS:

@@ -7,8 +7,9 @@ class QMenu;
 // modes the commands have always passed.
 enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, ArrangeIcons = 3 };
 
-// Cascade and the two tilings move the visible, non-minimised children; ArrangeIcons lines
-// the minimised ones up along the bottom edge.
+// Cascade and the two tilings move the visible, non-minimised children, never smaller than
+// their forms need (the frame scrolls instead); ArrangeIcons lines the minimised ones up
+// along the bottom edge.
 void arrangeChildren(QMdiArea *area, Arrangement arrangement);
 
 // Window › List: one item per visible child window, the active one checked; choosing an item

@@ -192,9 +192,14 @@ FROM qryBookDets d
 ORDER BY d.BookDets1, d.BookID
 ;;
 -- One entry under each of a book's authors; books without an author come last.
+-- ListedAuthor names the author an entry stands under ("Surname, First name"), for the
+-- listing's running head.
 CREATE VIEW qryReport02 AS
 SELECT d.BookDets1 AS BookDets1, d.BookDets2 AS BookDets2, d.BookDets3 AS BookDets3,
-       d.BookPrice AS BookPrice, d.BookID AS Expr1
+       d.BookPrice AS BookPrice, d.BookID AS Expr1,
+       CASE WHEN a.AuthorID IS NOT NULL
+            THEN trim(ifnull(a.AuthorSurname, '')) ||
+                 ifnull(', ' || nullif(trim(a.AuthorFirstName), ''), '') END AS ListedAuthor
 FROM qryBookDets d
      LEFT JOIN tblBookAuthor ba ON ba.BookID = d.BookID
      LEFT JOIN tblAuthor a ON a.AuthorID = ba.AuthorID

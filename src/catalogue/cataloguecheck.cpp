@@ -161,6 +161,17 @@ private:
     QStringList m_problems;
 };
 
+// A program stopped in the middle of a write leaves its journal beside the file, and the
+// first connection that may write puts the file back as it was last committed; one that may
+// only read finds it unreadable instead. So such a file is first opened for writing.
+void finishAnInterruptedWrite(const QString &path)
+{
+    if (!QFileInfo::exists(path + u"-journal"_s))
+        return;
+    ScopedDatabase file(path);
+    QSqlQuery(file.db()).exec(u"SELECT count(*) FROM sqlite_master"_s);
+}
+
 SchemaShape expectedShape()
 {
     ScopedDatabase reference(u":memory:"_s);
@@ -181,6 +192,7 @@ QStringList problemsIn(const QString &path)
 
     const SchemaShape expected = expectedShape();
     try {
+        finishAnInterruptedWrite(path);
         ScopedDatabase file(path, ScopedDatabase::Mode::ReadOnly);
         const SchemaShape actual = readSchemaShape(file.db());
         return Checker(file.db(), expected, actual).run();

@@ -1,6 +1,8 @@
 #include "catalogue/cataloguefile.h"
 
 #include "catalogue/scopeddatabase.h"
+#include "catalogue/cataloguelock.h"
+#include "catalogue/filereplacement.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,7 +11,7 @@
 #include <QSqlQuery>
 #include <QUuid>
 
-#include <filesystem>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -107,6 +109,15 @@ void create(const QString &path, bool overwrite, const Filler &fill)
     if (!folder.exists())
         throw CatalogueFileError(u"the folder %1 does not exist"_s.arg(QDir::toNativeSeparators(folder.path())));
 
+    // A copy of the program that has the catalogue open would go on writing into the file
+    // this one replaces, and its edits would be lost.
+    std::optional<CatalogueLock> alone;
+    if (target.exists()) {
+        alone.emplace(path, CatalogueLock::Mode::Exclusive);
+        if (alone->inUse())
+            throw CatalogueFileError(u"%1 is open in Shelvane: close it there first"_s.arg(path));
+    }
+
     TemporaryCatalogue temporary(folder.filePath(
         u".%1.%2.tmp"_s.arg(target.fileName(), QUuid::createUuid().toString(QUuid::Id128))));
     try {
@@ -114,12 +125,10 @@ void create(const QString &path, bool overwrite, const Filler &fill)
     } catch (const CatalogueFileError &e) {
         throw CatalogueFileError(u"cannot make %1: %2"_s.arg(path, e.message()));
     }
-    // Renaming over the old file replaces it in one step: there is always a whole catalogue
-    // under the requested name, the old one or the new one.
-    std::error_code error;
-    std::filesystem::rename(temporary.path().toStdU16String(), path.toStdU16String(), error);
-    if (error)
-        throw CatalogueFileError(u"cannot write %1: %2"_s.arg(path, QString::fromLocal8Bit(error.message())));
+    // There is always a whole catalogue under the requested name, the old one or the new one.
+    const QString problem = FileReplacement::replace(temporary.path(), path);
+    if (!problem.isEmpty())
+        throw CatalogueFileError(u"cannot write %1: %2"_s.arg(path, problem));
     temporary.keep();
 }
 

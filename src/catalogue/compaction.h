@@ -26,6 +26,8 @@ public:
     // Writes the compacted copy to `destination`, which must not exist yet. Throws
     // ProviderError (a full disk or a folder that cannot be written, in SQLite's words).
     void compactInto(const QString &destination);
+    // The connection that holds the file, the only one that can read it meanwhile.
+    QSqlDatabase database() const { return m_connection.database(); }
     void release();
 
 private:

@@ -72,4 +72,10 @@ QString renameOver(const QString &replacement, const QString &target)
     return flushFolderOf(target);
 }
 
+QString replace(const QString &replacement, const QString &target)
+{
+    const QString problem = flushToDisk(replacement);
+    return problem.isEmpty() ? renameOver(replacement, target) : problem;
+}
+
 } // namespace FileReplacement

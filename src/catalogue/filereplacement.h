@@ -15,4 +15,7 @@ QString flushToDisk(const QString &path);
 // when it did.
 QString renameOver(const QString &replacement, const QString &target);
 
+// Both, in that order: `replacement`, written in full, takes the place of `target`.
+QString replace(const QString &replacement, const QString &target);
+
 } // namespace FileReplacement

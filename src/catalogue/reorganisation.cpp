@@ -1,5 +1,6 @@
 #include "catalogue/reorganisation.h"
 
+#include "catalogue/cataloguelock.h"
 #include "catalogue/compaction.h"
 #include "catalogue/filereplacement.h"
 #include "data/providererror.h"
@@ -14,9 +15,10 @@ namespace Reorganisation {
 
 namespace {
 
-Result failed(Outcome outcome, const QString &reason)
+Result failed(Outcome outcome, const QString &reason,
+              const std::optional<CatalogueBackups::Made> &kept = std::nullopt)
 {
-    return Result{outcome, reason};
+    return Result{outcome, reason, kept};
 }
 
 // The compacted copy, made from the backup and flushed to the disk, takes the catalogue's
@@ -59,6 +61,9 @@ Result reorganiseCatalogue(const QString &catalogue, const QString &backup,
                            const StepWatcher &watchOrNone)
 {
     const StepWatcher watch = watchOrNone ? watchOrNone : [](Step) {};
+    const CatalogueLock alone(catalogue, CatalogueLock::Mode::Exclusive);
+    if (alone.inUse())
+        return failed(Outcome::InUse, u"the catalogue is open in another copy of Shelvane"_s);
     std::unique_ptr<ExclusiveCatalogue> held;
     try {
         held = std::make_unique<ExclusiveCatalogue>(catalogue);
@@ -71,6 +76,8 @@ Result reorganiseCatalogue(const QString &catalogue, const QString &backup,
     // A damaged file would be copied with its damage, or lose rows on the way.
     if (const QStringList problems = held->integrityProblems(); !problems.isEmpty())
         return failed(Outcome::Damaged, problems.constFirst());
+    const CatalogueBackups::Made kept = CatalogueBackups::keepThrough(held->database(), catalogue);
+    watch(Step::DatedCopyKept);
 
     // An earlier backup goes only now, once this catalogue is known to be sound.
     QFile::remove(backup);
@@ -78,16 +85,17 @@ Result reorganiseCatalogue(const QString &catalogue, const QString &backup,
         held->compactInto(backup);
     } catch (const ProviderError &error) {
         QFile::remove(backup);
-        return failed(Outcome::BackupFailed, error.description);
+        return failed(Outcome::BackupFailed, error.description, kept);
     }
     watch(Step::BackupWritten);
 
-    const Result replaced = replaceFromBackup(*held, catalogue, backup, watch);
+    Result replaced = replaceFromBackup(*held, catalogue, backup, watch);
+    replaced.kept = kept;
     if (replaced.outcome != Outcome::Done)
         return replaced;
     QFile::remove(backup);
     watch(Step::BackupDeleted);
-    return {};
+    return replaced;
 }
 
 } // namespace Reorganisation

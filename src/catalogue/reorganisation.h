@@ -1,18 +1,23 @@
 #pragma once
 
+#include "catalogue/cataloguebackups.h"
+
 #include <QString>
 
 #include <functional>
+#include <optional>
 
-// Re-organising the catalogue file: it is compacted into the backup, the backup is compacted
-// again into a new file beside the catalogue, and that file takes the catalogue's name in one
-// step. At every moment the catalogue's name holds a whole catalogue, the old one or the
-// compacted one; the backup is deleted only once the compacted file is in place.
+// Re-organising the catalogue file: a dated backup is kept beside it, it is compacted into the
+// backup, the backup is compacted again into a new file beside the catalogue, and that file
+// takes the catalogue's name in one step. At every moment the catalogue's name holds a whole
+// catalogue, the old one or the compacted one; the backup is deleted only once the compacted
+// file is in place. No copy of the program may have the catalogue open meanwhile.
 namespace Reorganisation {
 
 // The points the re-organisation passes, in order.
 enum class Step {
     CatalogueHeld,  // no one else can reach the catalogue now
+    DatedCopyKept,  // the dated backup beside the catalogue, made or not
     BackupWritten,
     NewFileWritten, // the compacted copy is beside the catalogue
     NewFileFlushed,
@@ -22,7 +27,8 @@ enum class Step {
 
 enum class Outcome {
     Done,
-    InUse,         // another program holds the catalogue: nothing was done
+    InUse,         // another program, or a copy of this one, has the catalogue open: nothing
+                   // was done
     Damaged,       // the catalogue fails the integrity check: nothing was done
     BackupFailed,  // the backup could not be written: the catalogue is as it was, no backup
     ReplaceFailed, // the compacted copy could not take the catalogue's place: the catalogue is
@@ -34,6 +40,9 @@ struct Result
     Outcome outcome = Outcome::Done;
     // Why it failed, in SQLite's or the system's words.
     QString reason;
+    // The dated backup kept before compacting, when it got that far. A failed one does not
+    // stop the compaction, which keeps its own backup until the compacted file is in place.
+    std::optional<CatalogueBackups::Made> kept;
 };
 
 // Told of each step as it is passed; a caller can watch the re-organisation go by.

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "data/privateconnection.h"
+
 #include <QSqlDatabase>
 #include <QString>
 
-// A private SQLite connection for the lifetime of the object, removed afterwards, so that
-// the tool's connections never meet each other or a caller's.
+// The catalogue tool's own SQLite connection to a file it makes, checks or copies: a handle
+// of its own for the lifetime of the object, without the program's checks of a catalogue.
 class ScopedDatabase
 {
 public:
@@ -19,5 +21,5 @@ public:
     QSqlDatabase db() const;
 
 private:
-    QString m_name;
+    PrivateConnection m_handle;
 };

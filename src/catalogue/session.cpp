@@ -17,10 +17,32 @@ Connection &Session::sharedConnection() const
     return *cnnCatalogue;
 }
 
-void Session::clear()
+void Session::connect()
 {
+    hold = std::make_unique<CatalogueHold>(strCataloguePath);
+    cnnCatalogue = std::make_unique<Connection>();
+    cnnCatalogue->open(connectionString(), QString(), QString());
+}
+
+void Session::disconnect()
+{
+    changeNotBackedUp = changed();
     if (cnnCatalogue)
         cnnCatalogue->close();
     cnnCatalogue.reset();
+    hold.reset();
+}
+
+bool Session::changed() const
+{
+    // A catalogue that never opened has nothing of the program's in it.
+    const bool connected = hold && cnnCatalogue && cnnCatalogue->isOpen();
+    return changeNotBackedUp || (connected && hold->changedSinceTaken());
+}
+
+void Session::clear()
+{
+    disconnect();
+    changeNotBackedUp = false;
     strCataloguePath.clear();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/cataloguehold.h"
 #include "data/connection.h"
 
 #include <QString>
@@ -13,6 +14,10 @@ struct Session
     QString strCataloguePath;
     // The one shared connection every form uses for statements it runs in code.
     std::unique_ptr<Connection> cnnCatalogue;
+    // Held while connected: no other copy of the program can replace the file meanwhile.
+    std::unique_ptr<CatalogueHold> hold;
+    // A change seen before the hold was let go, that no backup has kept yet.
+    bool changeNotBackedUp = false;
     // The locale's currency symbol, and the reports' price format, which places it as the
     // locale does (PriceFormat).
     QString strCurrencySymbol;
@@ -27,6 +32,16 @@ struct Session
     Connection &sharedConnection() const;
     // The run-time connection string every form gives its data controls.
     QString connectionString() const;
-    // Back to "no catalogue": the shared connection is closed and released.
+
+    // Takes the hold on the catalogue at strCataloguePath and opens the shared connection.
+    // Throws ProviderError (3356 while another copy is replacing the file).
+    void connect();
+    // Closes the shared connection and lets go of the hold, so that the file may be
+    // replaced; whether the catalogue changed is remembered.
+    void disconnect();
+    // Whether anything was written to the catalogue since it was opened or last backed up.
+    bool changed() const;
+    // Back to "no catalogue": the shared connection is closed and released, the hold let go.
+    // A catalogue that changed is backed up by whoever closes it, before this.
     void clear();
 };

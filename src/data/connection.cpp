@@ -6,7 +6,6 @@
 #include "data/recordset.h"
 #include "data/textcollation.h"
 
-#include <QAtomicInteger>
 #include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -14,12 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString uniqueConnectionName()
-{
-    static QAtomicInteger<quint64> serial;
-    return u"shelvane-connection-"_s + QString::number(serial.fetchAndAddRelaxed(1));
-}
 
 // Whether a statement is a query (its rows make a record set) rather than an action.
 bool yieldsRows(const QString &statement)
@@ -90,62 +83,52 @@ void Connection::open(const QString &connectionString, const QString &user,
         break;
     }
 
-    const QString name = uniqueConnectionName();
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
-        db.setDatabaseName(path);
-        db.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=2000"_s);
-        if (!db.open()) {
-            const ProviderError error = ProviderError::fromSqlError(db.lastError());
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(name);
-            fail(error);
-        }
-        QSqlQuery pragma(db);
-        pragma.exec(u"PRAGMA foreign_keys = ON"_s);
-        // Cannot fail with the SQLite driver; were it to, the statements that ask for the
-        // collations would fail with SQLite's own message.
-        TextCollation::registerOn(db);
-        QSqlQuery probe(db);
-        const bool read =
-            probe.exec(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'tblBook'"_s);
-        if (!read || !probe.next()) {
-            const ProviderError error = read
-                ? ProviderError::general(ProviderErrorNumber::NotACatalogue,
-                                         u"Unrecognized database format '"_s + path
-                                             + u"': the file is not a Shelvane catalogue."_s)
-                : ProviderError::fromSqlError(probe.lastError());
-            probe = QSqlQuery();
-            pragma = QSqlQuery();
-            db.close();
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(name);
-            fail(error);
-        }
-        shadowStoredQueries(db);
+    if (const QSqlError error = m_handle.open(path, u"QSQLITE_BUSY_TIMEOUT=2000"_s);
+        error.isValid())
+        fail(ProviderError::fromSqlError(error));
+    QSqlDatabase db = m_handle.database();
+    QSqlQuery pragma(db);
+    pragma.exec(u"PRAGMA foreign_keys = ON"_s);
+    // Cannot fail with the SQLite driver; were it to, the statements that ask for the
+    // collations would fail with SQLite's own message.
+    TextCollation::registerOn(db);
+    QSqlQuery probe(db);
+    const bool read =
+        probe.exec(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'tblBook'"_s);
+    if (!read || !probe.next()) {
+        const ProviderError error = read
+            ? ProviderError::general(ProviderErrorNumber::NotACatalogue,
+                                     u"Unrecognized database format '"_s + path
+                                         + u"': the file is not a Shelvane catalogue."_s)
+            : ProviderError::fromSqlError(probe.lastError());
+        probe = QSqlQuery();
+        pragma = QSqlQuery();
+        db = QSqlDatabase();
+        m_handle.close();
+        fail(error);
     }
-    m_name = name;
+    // A committed change must outlive a power cut. With the rollback journal (which keeps
+    // the catalogue one file that can be copied, as WAL would not) a commit is the
+    // journal's deletion; EXTRA makes that deletion reach the disk before the commit
+    // returns, where FULL would leave a journal that can come back and undo it. Set once
+    // the file is known to be readable, so that a locked file keeps the open waiting once.
+    pragma.exec(u"PRAGMA journal_mode = DELETE"_s);
+    pragma.exec(u"PRAGMA synchronous = EXTRA"_s);
+    shadowStoredQueries(db);
     m_connectionString = connectionString;
     m_filePath = path;
 }
 
 void Connection::close()
 {
-    if (m_name.isEmpty())
-        return;
-    {
-        QSqlDatabase db = QSqlDatabase::database(m_name, false);
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(m_name);
-    m_name.clear();
+    m_handle.close();
     m_connectionString.clear();
     m_filePath.clear();
 }
 
 bool Connection::isOpen() const
 {
-    return !m_name.isEmpty();
+    return m_handle.isOpen();
 }
 
 QString Connection::connectionString() const
@@ -185,7 +168,7 @@ const QList<ProviderError> &Connection::errors() const
 
 QSqlDatabase Connection::database() const
 {
-    return QSqlDatabase::database(m_name, false);
+    return m_handle.database();
 }
 
 void Connection::fail(const ProviderError &error)

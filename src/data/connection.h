@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/privateconnection.h"
 #include "data/providererror.h"
 
 #include <QList>
@@ -51,7 +52,7 @@ public:
     [[noreturn]] void fail(const ProviderError &error);
 
 private:
-    QString m_name;
+    PrivateConnection m_handle;
     QString m_connectionString;
     QString m_filePath;
     QList<ProviderError> m_errors;

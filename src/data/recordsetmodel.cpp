@@ -4,6 +4,17 @@
 #include "data/providererror.h"
 #include "data/recordset.h"
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString lineFeedsOnly(QString text)
+{
+    return text.replace(u"\r\n"_s, u"\n"_s);
+}
+
+} // namespace
+
 RecordsetModel::RecordsetModel(DataControl *control, QObject *parent)
     : QAbstractTableModel(parent)
     , m_control(control)
@@ -112,8 +123,10 @@ bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, in
             return false;
     }
     // A bound widget refilled by the program is not an edit of the row, and neither is an
-    // empty box over an empty (null) field.
-    if (FieldFormats::display(stored, format) == FieldFormats::display(current, format))
+    // empty box over an empty (null) field, nor a multi-line box that gives back with line
+    // feeds alone the lines a note broke with CR LF.
+    if (lineFeedsOnly(FieldFormats::display(stored, format))
+        == lineFeedsOnly(FieldFormats::display(current, format)))
         return true;
     return m_control->guarded([&](Recordset &rs) {
         if (rs.currentRow() != index.row())

@@ -1,8 +1,8 @@
 #pragma once
 
-class QSqlDatabase;
 struct sqlite3;
+class QSqlDatabase;
 
-// The SQLite handle under a database opened with Qt's SQLite driver; nullptr for any other
-// driver or a closed database.
+// SQLite's own handle of a connection Qt's driver opened, for what the driver does not offer
+// (collations, the online backup). nullptr when the connection is not SQLite's or not open.
 sqlite3 *SqliteHandleOf(const QSqlDatabase &database);

@@ -3,6 +3,7 @@
 #include "data/sqlitehandle.h"
 
 #include <QLocale>
+#include <QSqlDatabase>
 
 #include <sqlite3.h>
 #include <unicode/ucol.h>

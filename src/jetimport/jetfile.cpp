@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <vector>
 
 #include <fcntl.h>
@@ -111,6 +112,41 @@ private:
     int m_saved = -1;
 };
 
+// libmdb trusts what a table's definition says of its columns and of the map of its data
+// pages, and reads through null pointers and past the file's end where a damaged file says
+// otherwise. Such a definition is refused before libmdb reads the table's rows.
+bool isSound(MdbTableDef *def, qint64 pages)
+{
+    if (!mdb_read_columns(def) || !def->columns || def->columns->len < def->num_cols)
+        return false;
+    if (!def->usage_map || def->map_sz < 1)
+        return false;
+    // A map of the second kind lists the pages that hold the map itself.
+    if (def->usage_map[0] == 1) {
+        for (size_t at = 1; at + 4 <= def->map_sz; at += 4) {
+            if (qFromLittleEndian<quint32>(def->usage_map + at) >= quint64(pages))
+                return false;
+        }
+    }
+    return true;
+}
+
+// The list of tables is itself a table, MSysObjects, whose definition is on page 2; libmdb
+// reads it as it reads any table.
+bool hasSoundListOfTables(MdbHandle *mdb, qint64 pages)
+{
+    MdbCatalogEntry objects = {};
+    objects.mdb = mdb;
+    objects.object_type = MDB_TABLE;
+    objects.table_pg = 2;
+    std::strcpy(objects.object_name, "MSysObjects");
+    MdbTableDef *def = mdb_read_table(&objects);
+    const bool sound = def && isSound(def, pages);
+    if (def)
+        mdb_free_tabledef(def);
+    return sound;
+}
+
 } // namespace
 
 QString JetCurrency::toString() const
@@ -130,6 +166,7 @@ struct JetFile::Handle
 {
     MdbHandle *mdb = nullptr;
     GPtrArray *catalogue = nullptr; // owned by mdb; read once, as tables point into it
+    qint64 pages = 0;
 
     ~Handle()
     {
@@ -156,7 +193,6 @@ public:
     Table(MdbHandle *mdb, MdbTableDef *def, const QString &path)
         : m_mdb(mdb), m_def(def), m_path(path)
     {
-        mdb_read_columns(def);
         for (guint i = 0; i < def->num_cols; ++i) {
             auto *column = static_cast<MdbColumn *>(g_ptr_array_index(def->columns, i));
             m_columns << JetColumn{QString::fromUtf8(column->name), typeOf(column->col_type)};
@@ -314,6 +350,9 @@ JetFile::JetFile(const QString &path) : m_path(path), m_handle(std::make_unique<
         throw CatalogueFileError(u"%1 cannot be read as a Jet database"_s.arg(path));
     if (info.size() % m_handle->mdb->fmt->pg_size != 0)
         throw CatalogueFileError(u"%1 cannot be read: the file is cut short"_s.arg(path));
+    m_handle->pages = info.size() / m_handle->mdb->fmt->pg_size;
+    if (!hasSoundListOfTables(m_handle->mdb, m_handle->pages))
+        throw CatalogueFileError(u"%1 cannot be read: its list of tables is damaged"_s.arg(path));
     m_handle->catalogue = mdb_read_catalog(m_handle->mdb, MDB_TABLE);
     if (!m_handle->catalogue)
         throw CatalogueFileError(u"%1 cannot be read: its list of tables is damaged"_s.arg(path));
@@ -345,6 +384,10 @@ std::unique_ptr<JetFile::Table> JetFile::open(const QString &table) const
         throw CatalogueFileError(u"%1 has no table %2"_s.arg(m_path, table));
     const QuietStderr quiet;
     MdbTableDef *def = mdb_read_table(entry);
+    if (def && !isSound(def, m_handle->pages)) {
+        mdb_free_tabledef(def);
+        def = nullptr;
+    }
     if (!def)
         throw CatalogueFileError(u"%1 cannot be read: table %2 is damaged"_s.arg(m_path, table));
     return std::make_unique<Table>(m_handle->mdb, def, m_path);

@@ -86,7 +86,8 @@ ReportSection frontPage(const QString &title)
     auto centred = [&](qreal top, qreal lineHeight) {
         return QRectF(inset, top, width - 2 * inset, lineHeight);
     };
-    ReportSection section{u"FrontPage"_s, SectionKind::ReportHeader, height, {}, true, false};
+    ReportSection section{.name = u"FrontPage"_s, .kind = SectionKind::ReportHeader,
+                          .height = height, .pageBreakAfter = true};
     QList<ReportControl> &c = section.controls;
     c.append(growing(label(u"lblTitle"_s, u"Title"_s, centred(150 * pt, 40 * pt),
                            style(28, true, false, Qt::AlignHCenter)), false));
@@ -120,23 +121,42 @@ ReportSection frontPage(const QString &title)
                      QRectF(middle - 60 * pt, 230 * pt, 120 * pt, 0), 0.75 * pt));
     c.append(label(u"lblReportTitle"_s, title, centred(245 * pt, 24 * pt),
                    style(16, false, true, Qt::AlignHCenter)));
+    // The page's own additions say nothing without an owner: a catalogue whose owner's details
+    // are empty has a front page of its name and the listing's only.
+    const QStringList owner{u"lblName"_s, u"lblAddr1"_s, u"lblAddr2"_s, u"lblAddr3"_s,
+                            u"lblAddr4"_s, u"lblAddr5"_s, u"lblPostCode"_s, u"lblTelephone"_s,
+                            u"lblFax"_s, u"lblEmail"_s};
     c.append(label(u"lblCollectionOf"_s, u"the collection of"_s, centred(365 * pt, 16 * pt),
                    style(10, false, true, Qt::AlignHCenter, quietInk)));
+    c.last().shownWith = owner;
     c.append(furniture(u"txtPrinted"_s, ControlKind::PrintDate, u"Printed "_s,
                        centred(height - 60 * pt, 16 * pt),
                        style(9, false, true, Qt::AlignHCenter, quietInk)));
+    c.last().shownWith = owner;
     return section;
 }
 
-ReportSection pageHeader(const QString &name, const QString &title)
+// The catalogue's name and the listing's; a listing whose entries stand under a name (the
+// author listing) also heads each page, between the two, with the first and last of them.
+ReportSection pageHeader(const QString &name, const QString &title, const QString &runningField)
 {
-    return ReportSection{
-        name, SectionKind::PageHeader, 30 * pt,
-        {label(u"lblCatalogueName"_s, {}, QRectF(0, 0, width * 0.6, 14 * pt), style(9, true)),
-         label(u"lblListing"_s, title, QRectF(width * 0.6, 0, width * 0.4, 14 * pt),
-               style(9, false, true, Qt::AlignRight, secondaryInk)),
-         outline(u"linHeaderRule"_s, ControlKind::Line, QRectF(0, 17 * pt, width, 0), 0.75 * pt)},
-        false, false};
+    const qreal listing = runningField.isEmpty() ? 0.6 * width : 0.8 * width;
+    const qreal catalogue = runningField.isEmpty() ? listing : 0.25 * width;
+    ReportSection section{
+        .name = name, .kind = SectionKind::PageHeader, .height = 30 * pt,
+        .controls = {label(u"lblCatalogueName"_s, {}, QRectF(0, 0, catalogue, 14 * pt), style(9, true)),
+                     label(u"lblListing"_s, title, QRectF(listing, 0, width - listing, 14 * pt),
+                           style(9, false, true, Qt::AlignRight, secondaryInk)),
+                     outline(u"linHeaderRule"_s, ControlKind::Line, QRectF(0, 17 * pt, width, 0),
+                             0.75 * pt)}};
+    if (!runningField.isEmpty()) {
+        ReportControl head = furniture(u"txtRunningHead"_s, ControlKind::RunningHead, {},
+                                       QRectF(catalogue, 0, listing - catalogue, 14 * pt),
+                                       style(9, true, false, Qt::AlignHCenter));
+        head.field = runningField;
+        section.controls.append(head);
+    }
+    return section;
 }
 
 // One book: its title in bold, the lines of details beneath, the price and book number in a
@@ -154,8 +174,8 @@ ReportSection bookEntry(const QString &name, const QString &designPriceFormat)
                                    style(8.5, false, false, Qt::AlignRight, quietInk));
     number.format = u"\"Book No. \"0"_s;
     return ReportSection{
-        name, SectionKind::Detail, 50 * pt,
-        {growing(textBox(u"txtBookDescription"_s, u"BookDets1"_s,
+        .name = name, .kind = SectionKind::Detail, .height = 50 * pt,
+        .controls = {growing(textBox(u"txtBookDescription"_s, u"BookDets1"_s,
                          QRectF(8 * pt, 6 * pt, textWidth, 14 * pt), style(10.5, true)), false),
          price, number,
          growing(textBox(u"txtBookOtherDets"_s, u"BookDets2"_s,
@@ -165,48 +185,58 @@ ReportSection bookEntry(const QString &name, const QString &designPriceFormat)
                          QRectF(8 * pt, 33 * pt, textWidth, 11 * pt),
                          style(8.5, false, true, Qt::AlignLeft, quietInk)), true),
          outline(u"Shape1"_s, ControlKind::Shape, QRectF(0, 0, width, 47 * pt), 0.4 * pt,
-                 QColor(0xb4, 0xb4, 0xb4))},
-        false, false};
+                 QColor(0xb4, 0xb4, 0xb4))}};
 }
 
+// The date at the left; "Page: " and the number at the right, ending where the rule ends.
 ReportSection pageFooter()
 {
     const qreal top = 10 * pt;
+    ReportControl page = label(u"lblPage"_s, u"Page: "_s,
+                               QRectF(width - 110 * pt, top, 70 * pt, 12 * pt),
+                               style(9, false, false, Qt::AlignRight));
+    page.standsBefore = u"txtPageNumber"_s;
     return ReportSection{
-        u"PageFooter"_s, SectionKind::PageFooter, 26 * pt,
-        {outline(u"linFooterRule"_s, ControlKind::Line, QRectF(0, 4 * pt, width, 0), 0.5 * pt),
-         furniture(u"txtPrintDate"_s, ControlKind::PrintDate, {}, QRectF(0, top, width / 2, 12 * pt),
-                   style(8, false, true, Qt::AlignLeft, quietInk)),
-         label(u"lblPage"_s, u"Page: "_s, QRectF(width - 110 * pt, top, 70 * pt, 12 * pt),
-               style(9, false, false, Qt::AlignRight)),
-         furniture(u"txtPageNumber"_s, ControlKind::PageNumber, {},
-                   QRectF(width - 40 * pt, top, 40 * pt, 12 * pt), style(9))},
-        false, false};
+        .name = u"PageFooter"_s, .kind = SectionKind::PageFooter, .height = 26 * pt,
+        .controls = {outline(u"linFooterRule"_s, ControlKind::Line, QRectF(0, 4 * pt, width, 0),
+                             0.5 * pt),
+                     furniture(u"txtPrintDate"_s, ControlKind::PrintDate, {},
+                               QRectF(0, top, width / 2, 12 * pt),
+                               style(8, false, true, Qt::AlignLeft, quietInk)),
+                     page,
+                     furniture(u"txtPageNumber"_s, ControlKind::PageNumber, {},
+                               QRectF(width - 40 * pt, top, 40 * pt, 12 * pt),
+                               style(9, false, false, Qt::AlignRight))}};
 }
 
 ReportSection reportFooter(const QString &name)
 {
     return ReportSection{
-        name, SectionKind::ReportFooter, 40 * pt,
-        {label(u"lblEndOfListing"_s, u"End of listing"_s, QRectF(0, 16 * pt, width, 14 * pt),
-               style(9, false, true, Qt::AlignHCenter, quietInk))},
-        false, false};
+        .name = name, .kind = SectionKind::ReportFooter, .height = 40 * pt,
+        .controls = {label(u"lblEndOfListing"_s, u"End of listing"_s,
+                           QRectF(0, 16 * pt, width, 14 * pt),
+                           style(9, false, true, Qt::AlignHCenter, quietInk))}};
 }
 
+// A topic's heading, printed again as "… (continued)" on each page its books run onto.
 ReportSection topicHeading()
 {
-    ReportSection section{
-        u"ByTopicDescription_Header"_s, SectionKind::GroupHeader, 34 * pt,
-        {growing(textBox(u"Text1"_s, u"TopicDescription"_s, QRectF(0, 12 * pt, width, 16 * pt),
-                         style(13, true)), false),
-         outline(u"linTopicRule"_s, ControlKind::Line, QRectF(0, 30 * pt, width, 0), 0.75 * pt)},
-        false, true};
-    return section;
+    ReportControl topic = growing(textBox(u"Text1"_s, u"TopicDescription"_s,
+                                          QRectF(0, 12 * pt, width, 16 * pt), style(13, true)),
+                                  false);
+    topic.whenContinued = u" (continued)"_s;
+    return ReportSection{
+        .name = u"ByTopicDescription_Header"_s, .kind = SectionKind::GroupHeader,
+        .height = 34 * pt,
+        .controls = {topic, outline(u"linTopicRule"_s, ControlKind::Line,
+                                    QRectF(0, 30 * pt, width, 0), 0.75 * pt)},
+        .keepWithNext = true,
+        .continuedUntil = u"ByTopicDescription_Footer"_s};
 }
 
 ReportSection emptySection(const QString &name, SectionKind kind, qreal height = 0)
 {
-    return ReportSection{name, kind, height, {}, false, false};
+    return ReportSection{.name = name, .kind = kind, .height = height};
 }
 
 } // namespace
@@ -234,7 +264,7 @@ ReportDefinition CatalogueListingDefinition(CatalogueListing listing)
     report.priceBoxes = {info.priceBox};
     if (listing == CatalogueListing::ByTopic) {
         report.sections = {frontPage(info.title),
-                           pageHeader(u"PageHeader"_s, info.title),
+                           pageHeader(u"PageHeader"_s, info.title, {}),
                            topicHeading(),
                            emptySection(u"cmdReport3_Header"_s, SectionKind::GroupHeader),
                            bookEntry(u"cmdReport3Sub_Detail"_s, u"\"£\"#,##0.00"_s),
@@ -248,7 +278,12 @@ ReportDefinition CatalogueListingDefinition(CatalogueListing listing)
         // activation replaces both.
         const QString designFormat = listing == CatalogueListing::ByTitle ? u"$#,##0.00"_s
                                                                           : u"\"£\"#,##0.00"_s;
-        report.sections = {frontPage(info.title), pageHeader(u"Section2"_s, info.title),
+        // The author listing prints a book under each of its authors; its running head says
+        // whose books a page holds.
+        const QString runningField = listing == CatalogueListing::ByAuthor ? u"ListedAuthor"_s
+                                                                           : QString();
+        report.sections = {frontPage(info.title),
+                           pageHeader(u"Section2"_s, info.title, runningField),
                            bookEntry(u"BookLine"_s, designFormat), pageFooter(),
                            reportFooter(u"Section5"_s)};
     }

@@ -138,7 +138,8 @@ ReportDefinition LabelSheetDefinition()
     report.title = report.caption;
     report.pageSize = QPageSize(QPageSize::A4).size(QPageSize::Point).transposed() * pt;
     report.margins = QMarginsF(margin, margin, margin, margin);
-    ReportSection section{u"Section1"_s, SectionKind::Detail, labelHeight + gap, {}, false, false};
+    ReportSection section{.name = u"Section1"_s, .kind = SectionKind::Detail,
+                          .height = labelHeight + gap};
     auto leftOf = [](int block) { return (block - 1) * (labelWidth + gap); };
     for (int block = 1; block <= LabelsAcross; ++block)
         section.controls.append(outline(u"Shape%1"_s.arg(block), leftOf(block)));
@@ -170,7 +171,8 @@ ReportDefinition SingleLabelDefinition()
     QStringList names;
     for (const QString &field : labelFields)
         names.append(u"txt"_s + field);
-    ReportSection section{u"Section1"_s, SectionKind::Detail, labelHeight + gap, {}, false, false};
+    ReportSection section{.name = u"Section1"_s, .kind = SectionKind::Detail,
+                          .height = labelHeight + gap};
     section.controls.append(outline(u"Shape1"_s, 0));
     section.controls += labelBlock(0, names, QString());
     section.controls.append(topicBox(u"txtTopicDescription"_s, 0, QString()));
@@ -185,36 +187,89 @@ ReportDocument LoadLabelSheet(DataEnvironment &deShelvane)
     ReportDocument document;
     document.definition = LabelSheetDefinition();
     document.bands = [table](const ReportDefinition &report) {
-        return DetailBands(LabelsFrom(*table, report.firstLabel),
-                           report.sectionIndex(SectionKind::Detail));
+        return LabelSheetBands(table, report.firstLabel, report.sectionIndex(SectionKind::Detail));
     };
     return document;
 }
 
-std::shared_ptr<const Recordset> LabelsFrom(const Recordset &table, int firstLabel)
+namespace {
+
+class LabelRows : public BandSource
 {
-    const int perLabel = table.fieldCount() / LabelsAcross;
-    QList<QVariantList> labels;
-    for (int place = 1; place < firstLabel; ++place)
-        labels.append(QVariantList(perLabel));
-    for (int row = 0; row < table.recordCount(); ++row) {
-        for (int block = 0; block < LabelsAcross; ++block) {
-            QVariantList label;
-            for (int field = 0; field < perLabel; ++field)
-                label.append(table.valueAt(row, block * perLabel + field));
-            // The padding of the table's last row is no label.
-            if (!label.constFirst().isNull())
-                labels.append(label);
-        }
+public:
+    LabelRows(std::shared_ptr<const Recordset> table, int firstLabel, int detailSection)
+        : m_table(std::move(table))
+        , m_section(detailSection)
+        , m_perLabel(m_table->fieldCount() / LabelsAcross)
+        , m_emptyPlaces(std::max(0, firstLabel - 1))
+    {
     }
-    QList<QVariantList> rows;
-    for (qsizetype first = 0; first < labels.size(); first += LabelsAcross) {
+
+    std::optional<BandRow> next() override
+    {
+        // Empty places still print while labels follow them.
+        if (!findLabel())
+            return std::nullopt;
+        // A row of four labels on a sheet that starts at its first place prints as it stands.
+        if (m_emptyPlaces == 0 && m_block == 0 && isFull(m_tableRow))
+            return BandRow{m_section, m_table.get(), m_tableRow++};
         QVariantList row;
-        for (int block = 0; block < LabelsAcross; ++block)
-            row += first + block < labels.size() ? labels.at(first + block) : QVariantList(perLabel);
-        rows.append(row);
+        row.reserve(m_table->fieldCount());
+        for (int place = 0; place < LabelsAcross; ++place) {
+            if (m_emptyPlaces > 0) {
+                --m_emptyPlaces;
+                row += QVariantList(m_perLabel);
+            } else if (findLabel()) {
+                for (int field = 0; field < m_perLabel; ++field)
+                    row.append(m_table->valueAt(m_tableRow, m_block * m_perLabel + field));
+                ++m_block;
+            } else {
+                row += QVariantList(m_perLabel);
+            }
+        }
+        // The band laid out from the row before reads it no more: it makes way for this one.
+        m_row = Recordset::fromRows(m_table->fieldNames(), {row});
+        return BandRow{m_section, m_row.get(), 0};
     }
-    return Recordset::fromRows(table.fieldNames(), rows);
+
+private:
+    bool isFull(int tableRow) const
+    {
+        for (int place = 0; place < LabelsAcross; ++place) {
+            if (m_table->valueAt(tableRow, place * m_perLabel).isNull())
+                return false;
+        }
+        return true;
+    }
+
+    // Moves on to the table's next label, passing over the padding of its last row; false
+    // when there is none.
+    bool findLabel()
+    {
+        for (; m_tableRow < m_table->recordCount(); ++m_tableRow, m_block = 0) {
+            for (; m_block < LabelsAcross; ++m_block) {
+                if (!m_table->valueAt(m_tableRow, m_block * m_perLabel).isNull())
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    std::shared_ptr<const Recordset> m_table;
+    int m_section;
+    int m_perLabel;
+    int m_emptyPlaces;
+    int m_tableRow = 0;
+    int m_block = 0; // the place of m_tableRow read next
+    std::unique_ptr<Recordset> m_row;
+};
+
+} // namespace
+
+std::unique_ptr<BandSource> LabelSheetBands(std::shared_ptr<const Recordset> table,
+                                            int firstLabel, int detailSection)
+{
+    return std::make_unique<LabelRows>(std::move(table), firstLabel, detailSection);
 }
 
 ReportDocument LoadSingleLabel(DataEnvironment &deShelvane, const QString &bookNumber)

@@ -19,7 +19,9 @@ ReportDefinition SingleLabelDefinition();
 // firstLabel.
 ReportDocument LoadLabelSheet(DataEnvironment &deShelvane);
 // The label table's rows as the sheet prints them when it starts at place `firstLabel`:
-// the places before it left empty, every label after them in order, four to a row.
-std::shared_ptr<const Recordset> LabelsFrom(const Recordset &table, int firstLabel);
+// the places before it left empty, every label after them in order, four to a row, each
+// row made only when the pages laid out reach it.
+std::unique_ptr<BandSource> LabelSheetBands(std::shared_ptr<const Recordset> table,
+                                            int firstLabel, int detailSection);
 // Points rscmdOneLabel at the book and runs it. Throws ProviderError.
 ReportDocument LoadSingleLabel(DataEnvironment &deShelvane, const QString &bookNumber);

@@ -80,57 +80,81 @@ void insert(Connection &connection, const QString &values)
 
 } // namespace
 
-QString LabelValues(const Recordset &labels, int row)
+namespace {
+
+// The label query's columns in the label order; -1 for one it does not have.
+QList<int> labelFields(const Recordset &labels)
+{
+    QList<int> fields;
+    for (const LabelColumn &column : labelColumns())
+        fields.append(labels.fieldIndex(column.name));
+    return fields;
+}
+
+QString labelValues(const Recordset &labels, const QList<int> &fields, int row)
 {
     QString values;
-    for (const LabelColumn &column : labelColumns()) {
-        const int field = labels.fieldIndex(column.name);
-        values += written(field < 0 ? QVariant() : labels.valueAt(row, field), column.written);
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        const int field = fields.at(i);
+        values += written(field < 0 ? QVariant() : labels.valueAt(row, field),
+                          labelColumns().at(i).written);
     }
     return values;
 }
 
-namespace {
-
-void fillRows(Connection &connection)
+LabelCopy fillRows(Connection &connection, const LabelCopyProgress &progress)
 {
     connection.execute(u"Delete from tblLabelTable"_s, CommandType::Text);
     const std::unique_ptr<Recordset> labels =
         connection.execute(u"qryBookLabel01"_s, CommandType::StoredProcedure);
+    const QList<int> fields = labelFields(*labels);
+    const int total = labels->recordCount();
     QString buffer = u"Values ("_s;
     int counter = 0;
-    for (int row = 0; row < labels->recordCount(); ++row) {
+    for (int row = 0; row < total; ++row) {
         ++counter;
-        buffer += LabelValues(*labels, row);
+        buffer += labelValues(*labels, fields, row);
         if (counter == 4) {
             insert(connection, buffer + u')');
             counter = 0;
             buffer = u"Values ("_s;
+            if (progress && !progress(row + 1, total))
+                return LabelCopy::Stopped;
         } else {
             buffer += u',';
         }
     }
-    if (counter == 0)
-        return;
-    for (int position = counter + 1; position <= 4; ++position)
-        buffer += emptyLabel;
-    buffer.chop(1);
-    insert(connection, buffer + u')');
+    if (counter > 0) {
+        for (int position = counter + 1; position <= 4; ++position)
+            buffer += emptyLabel;
+        buffer.chop(1);
+        insert(connection, buffer + u')');
+    }
+    if (progress)
+        progress(total, total);
+    return LabelCopy::Complete;
 }
 
 } // namespace
 
-void FillLabelTable(Connection &connection)
+QString LabelValues(const Recordset &labels, int row)
+{
+    return labelValues(labels, labelFields(labels), row);
+}
+
+LabelCopy FillLabelTable(Connection &connection, const LabelCopyProgress &progress)
 {
     // One transaction for the whole run: without it every row's statement is a commit of its
-    // own, seconds for thousands of rows. A failing INSERT still keeps the rows written before
-    // it: they are committed before the error goes on.
+    // own, seconds for thousands of rows. A failing INSERT, or a stop, still keeps the rows
+    // written before it: they are committed before the error goes on.
     TransactionGuard transaction(connection);
+    LabelCopy copied = LabelCopy::Complete;
     try {
-        fillRows(connection);
+        copied = fillRows(connection, progress);
     } catch (const ProviderError &) {
         transaction.commit();
         throw;
     }
     transaction.commit();
+    return copied;
 }

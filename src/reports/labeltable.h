@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Connection;
 class Recordset;
 
@@ -15,6 +17,12 @@ class Recordset;
 // always has).
 QString LabelValues(const Recordset &labels, int row);
 
+// Told after each row written: the labels copied so far and the labels there are.
+// Answering false stops the copying there.
+using LabelCopyProgress = std::function<bool(int copied, int total)>;
+
+enum class LabelCopy { Complete, Stopped };
+
 // Empties tblLabelTable and fills it afresh. Throws ProviderError when a statement fails,
-// leaving the rows written before it.
-void FillLabelTable(Connection &connection);
+// leaving the rows written before it; stopped, it leaves the rows written so far the same way.
+LabelCopy FillLabelTable(Connection &connection, const LabelCopyProgress &progress = {});

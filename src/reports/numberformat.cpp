@@ -92,9 +92,12 @@ QString FormatNumber(const QVariant &value, const QString &format)
 {
     if (value.isNull())
         return {};
+    // Without a format every value prints as it is, and a text is never read as a number.
+    if (format.isEmpty())
+        return value.toString();
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
-    if (format.isEmpty() || !isNumber)
+    if (!isNumber)
         return value.toString();
     if (format == u"Yes/No")
         return number != 0 ? u"Yes"_s : u"No"_s;

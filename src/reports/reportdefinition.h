@@ -25,6 +25,7 @@ enum class ControlKind {
     Line,       // a rule along the top of its rectangle
     PageNumber, // the number of the page it is printed on
     PrintDate,  // the day the report was made
+    RunningHead, // in a page header: the first and last value of its field on the page
 };
 
 struct TextStyle
@@ -55,18 +56,29 @@ struct ReportControl
     // a sheet left empty (the padding of the last row, a place skipped on a part-used sheet)
     // prints nothing, so that label stays usable.
     QString presentWith;
+    // Controls of the same section that this one introduces: it prints only when one of
+    // them has something to print ("the collection of" says nothing without an owner).
+    QStringList shownWith;
+    // A caption that stands right before the text of the control named here, whatever that
+    // text's width: "Page: " before a page number that ends at the right margin.
+    QString standsBefore;
+    // Added to the text when its section is printed again as a continuation.
+    QString whenContinued;
 };
 
 struct ReportSection
 {
-    QString name;
+    QString name = {};
     SectionKind kind = SectionKind::Detail;
     qreal height = 0;
-    QList<ReportControl> controls;
+    QList<ReportControl> controls = {};
     // The report header stands on a page of its own.
     bool pageBreakAfter = false;
     // A group heading never ends a page: it moves over with the first entry beneath it.
     bool keepWithNext = false;
+    // A group heading printed again, as a continuation, at the top of every page its group
+    // runs onto; the group ends with the section named here (its footer). Empty: never.
+    QString continuedUntil = {};
 };
 
 // A control by position, counting sections and controls from 1.

@@ -189,9 +189,7 @@ Summary write(const QString &cataloguePath, const QString &csvPath, const Option
         throw CatalogueFileError(u"cannot write %1: %2"_s.arg(csvPath, e.message()));
     }
     temporary.file().close();
-    QString reason = FileReplacement::flushToDisk(temporary.file().fileName());
-    if (reason.isEmpty())
-        reason = FileReplacement::renameOver(temporary.file().fileName(), csvPath);
+    const QString reason = FileReplacement::replace(temporary.file().fileName(), csvPath);
     if (!reason.isEmpty())
         throw CatalogueFileError(u"cannot write %1: %2"_s.arg(csvPath, reason));
     temporary.keep();

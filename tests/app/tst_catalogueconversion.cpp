@@ -30,6 +30,8 @@ namespace {
 
 const QString CatalogueName = u"QuireshelfCatalog01.mdb"_s;
 const QString KeptName = u"QuireshelfCatalog01 (older format).mdb"_s;
+// Beside a catalogue while a copy of the program has it open.
+const QString LockName = u"QuireshelfCatalog01.mdb.lock"_s;
 
 ModalExpectation convertQuestion(const QString &keptName, const QString &press)
 {
@@ -88,22 +90,7 @@ private:
     // "Open" on frmOpen with `path` picked through "...", answering what comes up.
     QString open(const QString &path, const QList<ModalExpectation> &expected)
     {
-        QTest::mouseClick(m_frame->findChild<QToolButton *>(u"Open"_s), Qt::LeftButton);
-        QWidget *form = FindForm(u"frmOpen"_s);
-        if (!form)
-            return u"frmOpen did not appear."_s;
-        m_responder->expect(ModalResponder::dialog(u"cdgOpenDatabase"_s, u"Open"_s, {}, [path](QWidget *window) {
-            auto *dialog = qobject_cast<QFileDialog *>(window);
-            if (QWidget *focus = dialog->focusWidget())
-                focus->clearFocus();
-            dialog->selectFile(path);
-            static_cast<QDialog *>(dialog)->accept();
-        }));
-        QTest::mouseClick(FindControl<QPushButton>(form, u"cmdFind"_s), Qt::LeftButton);
-        for (const ModalExpectation &expectation : expected)
-            m_responder->expect(expectation);
-        QTest::mouseClick(FindControl<QPushButton>(form, u"cmdOpen"_s), Qt::LeftButton);
-        return m_responder->finish(20000);
+        return PressOpenFor(*m_frame, path, *m_responder, expected, 20000);
     }
 
     void expectNothingOpen()
@@ -146,7 +133,7 @@ private Q_SLOTS:
         const QString problems = open(path, {question, converted, openedMessage()});
         QVERIFY2(problems.isEmpty(), qPrintable(problems));
 
-        QCOMPARE(filesIn(folder), (QStringList{KeptName, CatalogueName}));
+        QCOMPARE(filesIn(folder), (QStringList{KeptName, CatalogueName, LockName}));
         QCOMPARE(contentOf(folder.filePath(KeptName)), old);
         QCOMPARE(CatalogueFormat::ofFile(path), CatalogueFormat::Kind::Sqlite);
         QVERIFY(m_frame->session().isOpen());
@@ -220,7 +207,7 @@ private Q_SLOTS:
             openedMessage(),
         });
         QVERIFY2(problems.isEmpty(), qPrintable(problems));
-        QCOMPARE(filesIn(folder), (QStringList{secondName, KeptName, CatalogueName}));
+        QCOMPARE(filesIn(folder), (QStringList{secondName, KeptName, CatalogueName, LockName}));
     }
 
     void progressNamesThePartBeingConverted()

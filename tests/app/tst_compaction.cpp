@@ -4,18 +4,21 @@
 #include "../data/cataloguedamage.h"
 #include "../data/catalogueprobe.h"
 #include "../tools/snapshot.h"
+#include "backupmessage.h"
+#include "compactionmessages.h"
 
 #include "app/compaction.h"
 #include "app/formregistry.h"
-#include "app/helptopics.h"
 #include "app/helpwindow.h"
 #include "app/mainframe.h"
+#include "catalogue/cataloguebackups.h"
 #include "catalogue/scopeddatabase.h"
 #include "data/recordset.h"
 #include "forms/books/bookforms.h"
 #include "forms/reference/registerreferenceforms.h"
 #include "support/catalogueopener.h"
 #include "support/finders.h"
+#include "support/formdriver.h"
 #include "support/heldcatalogue.h"
 #include "support/immutablefolder.h"
 #include "support/modalresponder.h"
@@ -29,11 +32,12 @@
 #include <QSignalSpy>
 #include <QSqlQuery>
 #include <QTest>
-#include <QTextBrowser>
 
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(HeldCatalogue::Lock)
 
 namespace {
 
@@ -47,14 +51,7 @@ void registerForms(MainFrame &frame)
 
 ModalExpectation question(const QString &press)
 {
-    ModalExpectation expected = ModalResponder::message(
-        u"Compact Database!"_s,
-        u"Use this option after adding 100 or more entities,\r\n"
-        "either books, authors, publishers or topics.\r\n\r\n"
-        "It will help improve the Shelvane response time.     \r\n\r\n"
-        "Please ensure all open windows are closed before use!      \r\n\r\n"
-        "Do you wish to continue?"_s,
-        QMessageBox::Information, {u"Yes"_s, u"No"_s}, press);
+    ModalExpectation expected = compactQuestion(press);
     expected.act = [](QWidget *box) { SaveScreenshot(box, u"compactQuestion"_s); };
     return expected;
 }
@@ -66,13 +63,6 @@ ModalExpectation windowsStillOpen()
                                    "Please close all open windows and try again.\r\n\r\n"
                                    "Re-Organisation Cancelled!"_s,
                                    QMessageBox::Warning, {u"OK"_s}, u"OK"_s);
-}
-
-ModalExpectation succeeded(const QString &path)
-{
-    return ModalResponder::message(u"Re-Organise Database"_s,
-                                   u"Database Successfully re-organised"_s + CRLF + path,
-                                   QMessageBox::Information, {u"OK"_s}, u"OK"_s);
 }
 
 ModalExpectation notReorganised(const QString &screenshot, const QString &text)
@@ -99,7 +89,8 @@ private Q_SLOTS:
     void openTaskFormStopsIt();
     void aboutBoxStopsIt();
     void leftoverBackupIsDeletedFirst();
-    void catalogueInUseByAnotherProgram();
+    void catalogueInUse_data();
+    void catalogueInUse();
     void damagedCatalogueIsLeftAlone();
     void backupFolderNotWritable();
     void catalogueFolderNotWritable();
@@ -200,7 +191,7 @@ void TestCompaction::runsThroughWithOnlyTheHiddenBookForm()
     QSignalSpy closing(&frame(), &MainFrame::closingConnections);
 
     m_responder->expect(question(u"Yes"_s));
-    m_responder->expect(succeeded(session().strCataloguePath));
+    m_responder->expect(compactSucceeded(session().strCataloguePath));
     compact();
     QCOMPARE(m_responder->finish(), QString());
 
@@ -208,6 +199,10 @@ void TestCompaction::runsThroughWithOnlyTheHiddenBookForm()
     QVERIFY(sharedStillOpen);
     QVERIFY(reconnected());
     QVERIFY(!QFile::exists(CompactionBackupPath()));
+    // A dated backup of the catalogue as it was is kept beside it first.
+    const QStringList kept = CatalogueBackups::listed(path(), CatalogueBackups::folderBeside(path()));
+    QCOMPARE(kept.size(), 1);
+    QCOMPARE(rowsOf(kept.constFirst()), rows);
     QVERIFY(QFileInfo(path()).size() < before);
     QCOMPARE(scalarOf(path(), u"PRAGMA freelist_count"_s), 0);
     QCOMPARE(rowsOf(path()), rows);
@@ -264,7 +259,7 @@ void TestCompaction::leftoverBackupIsDeletedFirst()
     const QStringList rows = rowsOf(path());
 
     m_responder->expect(question(u"Yes"_s));
-    m_responder->expect(succeeded(session().strCataloguePath));
+    m_responder->expect(compactSucceeded(session().strCataloguePath));
     compact();
     QCOMPARE(m_responder->finish(), QString());
 
@@ -273,18 +268,24 @@ void TestCompaction::leftoverBackupIsDeletedFirst()
     QCOMPARE(rowsOf(path()), rows);
 }
 
-void TestCompaction::catalogueInUseByAnotherProgram()
+void TestCompaction::catalogueInUse_data()
 {
+    QTest::addColumn<HeldCatalogue::Lock>("lock");
+    QTest::newRow("held by another program") << HeldCatalogue::Lock::Exclusive;
+    // An idle copy holds no lock of SQLite's; it would write into the old file later.
+    QTest::newRow("open in another copy of Shelvane") << HeldCatalogue::Lock::Open;
+}
+
+void TestCompaction::catalogueInUse()
+{
+    QFETCH(HeldCatalogue::Lock, lock);
     const QString cataloguePath = session().strCataloguePath;
     const QByteArray before = fileFingerprint(path());
     {
-        const HeldCatalogue held(path(), HeldCatalogue::Lock::Exclusive);
+        const HeldCatalogue held(path(), lock);
         QVERIFY2(held.isHeld(), qPrintable(held.problem()));
         m_responder->expect(question(u"Yes"_s));
-        m_responder->expect(ModalResponder::message(
-            u"Compact Database"_s,
-            u"Database in use please exit Shelvane\r\nre-open Database and try again"_s,
-            QMessageBox::Warning, {u"OK"_s}, u"OK"_s));
+        m_responder->expect(compactInUse());
         compact();
         QCOMPARE(m_responder->finish(), QString());
     }
@@ -295,6 +296,7 @@ void TestCompaction::catalogueInUseByAnotherProgram()
     QTRY_VERIFY(!FindForm(u"frmBookMaintenance"_s));
     QCOMPARE(fileFingerprint(path()), before);
     QVERIFY(!QFile::exists(CompactionBackupPath()));
+    QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(path())));
 }
 
 void TestCompaction::damagedCatalogueIsLeftAlone()
@@ -362,6 +364,9 @@ void TestCompaction::catalogueFolderNotWritable()
         if (!locked.isImmutable())
             QSKIP(qPrintable(u"the catalogue folder cannot be made unwritable: "_s + locked.problem()));
         m_responder->expect(question(u"Yes"_s));
+        // Nor can the dated backup be made beside it; that does not stop the compaction.
+        m_responder->expect(backupFailedMessage(
+            QDir(m_opener->catalogue().folder()).filePath(u"Backups"_s), u"Operation not permitted"_s));
         m_responder->expect(notReorganised(
             u"compactReplaceFailed"_s,
             u"Database not re-organised!\r\n"
@@ -385,21 +390,16 @@ void TestCompaction::helpTopicTellsWhatEachMessageAsks()
 {
     // The help file's number of the compaction topic.
     constexpr int CompactionTopic = 22;
-    ShowHelpTopic(CompactionTopic);
-    QWidget *window = FindForm(u"HelpWindow"_s);
-    QVERIFY(window && QTest::qWaitForWindowExposed(window));
-    const auto *page = FindControl<QTextBrowser>(window, u"helpBrowser"_s);
-    QTRY_COMPARE(page->documentTitle(), u"Compacting the catalogue"_s);
-    const QString text = page->toPlainText();
-    for (const QString &said :
-         {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
-          u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
-          u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
-          u"The re-organised copy could not be written beside"_s})
-        QVERIFY2(text.contains(said), qPrintable(said));
-    window->resize(760, 900);
-    QVERIFY(!SaveScreenshot(window, u"HelpWindow-compact"_s).isEmpty());
-    window->close();
+    const QString lacking = HelpTopicLacks(
+        CompactionTopic, u"Compacting the catalogue"_s,
+        {u"QuireshelfBackUp.mdb"_s, u"Please open Quireshelf database first!"_s,
+         u"One or more windows still open!"_s, u"Database in use please exit Shelvane"_s,
+         u"The catalogue file is damaged"_s, u"The backup copy could not be written"_s,
+         u"The re-organised copy could not be written beside"_s, u"Backups"_s,
+         u"No backup copy of the catalogue could be made in"_s},
+        {760, 900}, u"HelpWindow-compact"_s);
+    QVERIFY2(lacking.isEmpty(), qPrintable(lacking));
+    FindForm(u"HelpWindow"_s)->close();
 }
 
 SHELVANE_TEST_MAIN(TestCompaction)

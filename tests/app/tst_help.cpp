@@ -1,6 +1,7 @@
 #include "app/helptopics.h"
 #include "app/mainframe.h"
 #include "forms/registerforms.h"
+#include "support/catalogueopener.h"
 #include "support/finders.h"
 #include "support/modalresponder.h"
 #include "support/screenshot.h"
@@ -15,6 +16,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QToolButton>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -72,6 +74,7 @@ private Q_SLOTS:
     void f1OpensTheTopicOfTheFormInFocus_data();
     void f1OpensTheTopicOfTheFormInFocus();
     void everyPageTheContentsListsOpens();
+    void theEditMenusTopicSaysWhyBooksIsGreyed();
     void look();
 };
 
@@ -205,6 +208,22 @@ void TestHelp::everyPageTheContentsListsOpens()
         QVERIFY2(!browser->documentTitle().isEmpty(), qPrintable(link));
         QVERIFY2(browser->toPlainText().size() > 200, qPrintable(link));
     }
+}
+
+// The book form is loaded hidden as a catalogue opens, which greys Edit › Books at once; the
+// frame's topic, which describes the Edit menu, says so and names the way in that is left.
+void TestHelp::theEditMenusTopicSaysWhyBooksIsGreyed()
+{
+    {
+        CatalogueOpener opener(RegisterAllForms);
+        QVERIFY2(opener.problems().isEmpty(), qPrintable(opener.problems()));
+        QVERIFY(!opener.frame().action(u"mnuBooks"_s)->isEnabled());
+        QVERIFY(opener.frame().findChild<QToolButton *>(u"Book"_s)->isEnabled());
+    }
+    ShowHelpForForm(u"MDIForm1"_s);
+    const QString topic = helpBrowser()->toPlainText().simplified();
+    QVERIFY2(topic.contains(u"Books is greyed out as soon as a catalogue opens"_s), qPrintable(topic));
+    QVERIFY2(topic.contains(u"bring it up with the Books button on the toolbar"_s), qPrintable(topic));
 }
 
 void TestHelp::look()

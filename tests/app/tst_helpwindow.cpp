@@ -14,6 +14,8 @@
 #include <QHelpSearchEngine>
 #include <QHelpSearchQueryWidget>
 #include <QLineEdit>
+#include <QScreen>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
@@ -86,6 +88,11 @@ void clickLink(QTextBrowser *browser, const QString &href)
     QFAIL(qPrintable(u"no link to "_s + href));
 }
 
+QString describe(const QRect &r)
+{
+    return u"%1x%2 at %3,%4"_s.arg(r.width()).arg(r.height()).arg(r.x()).arg(r.y());
+}
+
 class DesktopDouble : public QObject
 {
     Q_OBJECT
@@ -102,6 +109,16 @@ public Q_SLOTS:
 class TestHelpWindow : public QObject
 {
     Q_OBJECT
+
+    // Shows the contents and checks that the window, frame and all, lies on its screen.
+    void showAndVerifyOnScreen()
+    {
+        ShowHelpTopic(HelpTopic::Contents);
+        QVERIFY(QTest::qWaitForWindowExposed(helpWindow()));
+        const QRect screen = helpWindow()->screen()->availableGeometry();
+        QVERIFY2(screen.contains(helpWindow()->frameGeometry()),
+                 qPrintable(describe(helpWindow()->frameGeometry()) + u" on "_s + describe(screen)));
+    }
 
 private Q_SLOTS:
     void init() { TestEnvironment::clearSettings(); }
@@ -264,6 +281,33 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(helpWindow()));
         QTest::keyClick(helpBrowser(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         QTRY_VERIFY(!helpWindow());
+    }
+
+    // On a screen smaller than the window's own size, and with no place kept, the window still
+    // opens wholly on the screen, frame and all.
+    void opensWhollyOnItsScreen()
+    {
+        showAndVerifyOnScreen();
+    }
+
+    // A place kept from a taller screen (640 pixels tall from 275 down), or from a screen no
+    // longer there, is brought back wholly onto the screen.
+    void aKeptPlaceThatNoLongerFitsIsBroughtOnScreen_data()
+    {
+        QTest::addColumn<QRect>("kept");
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QTest::newRow("below the bottom") << QRect(120, 275, 700, 640);
+        QTest::newRow("past the right") << QRect(screen.right() - 200, 40, 600, 400);
+        QTest::newRow("on a screen gone") << QRect(screen.right() + 900, 100, 600, 400);
+    }
+
+    void aKeptPlaceThatNoLongerFitsIsBroughtOnScreen()
+    {
+        QFETCH(QRect, kept);
+        QWidget elsewhere;
+        elsewhere.setGeometry(kept);
+        QSettings().setValue(u"HelpWindow/Geometry"_s, elsewhere.saveGeometry());
+        showAndVerifyOnScreen();
     }
 
     void sizeAndPlaceAreKept()

@@ -42,6 +42,21 @@ private Q_SLOTS:
         QVERIFY(!connection.isOpen());
     }
 
+    // The rollback journal keeps the catalogue one file; EXTRA makes a commit (the journal's
+    // deletion) reach the disk before it returns, so it survives a power cut.
+    void commitsSurviveAPowerCut()
+    {
+        TestCatalogue catalogue;
+        Connection connection;
+        connection.open(ConnectionString::forCatalogue(catalogue.path()));
+        QSqlQuery pragma(connection.database());
+        QVERIFY(pragma.exec(u"PRAGMA journal_mode"_s) && pragma.next());
+        QCOMPARE(pragma.value(0).toString(), u"delete"_s);
+        constexpr int Extra = 3;
+        QVERIFY(pragma.exec(u"PRAGMA synchronous"_s) && pragma.next());
+        QCOMPARE(pragma.value(0).toInt(), Extra);
+    }
+
     void refusesTheDesignTimeString()
     {
         Connection connection;

@@ -7,6 +7,7 @@
 #include "cataloguedamage.h"
 #include "catalogueprobe.h"
 
+#include "catalogue/cataloguebackups.h"
 #include "catalogue/cataloguecheck.h"
 #include "catalogue/cataloguefile.h"
 #include "catalogue/compaction.h"
@@ -155,8 +156,13 @@ void TestReorganisation::reorganisedCatalogueIsSmallerAndWhole()
     QCOMPARE(CatalogueCheck::problemsIn(files.catalogue()), QStringList());
     QVERIFY(!QFile::exists(files.backup()));
     QVERIFY(!QFile::exists(files.newFile()));
-    QCOMPARE(QDir(files.catalogueFolder()).entryList(QDir::Files),
+    QCOMPARE(QDir(files.catalogueFolder()).entryList(QDir::Files | QDir::Hidden),
              QStringList{u"QuireshelfCatalog01.mdb"_s});
+    // A dated backup of the catalogue as it was is kept beside it first.
+    QVERIFY(result.kept && result.kept->ok());
+    QCOMPARE(CatalogueBackups::listed(files.catalogue(), CatalogueBackups::folderBeside(files.catalogue())),
+             QStringList{result.kept->path});
+    QCOMPARE(rowsOf(result.kept->path), files.rows());
 }
 
 void TestReorganisation::leftoverBackupIsReplaced()
@@ -194,6 +200,7 @@ void TestReorganisation::killedAtAStepLeavesTheCatalogueWhole_data()
 {
     QTest::addColumn<Step>("step");
     QTest::newRow("catalogue held") << Step::CatalogueHeld;
+    QTest::newRow("dated copy kept") << Step::DatedCopyKept;
     QTest::newRow("backup written") << Step::BackupWritten;
     QTest::newRow("new file written") << Step::NewFileWritten;
     QTest::newRow("new file flushed") << Step::NewFileFlushed;
@@ -331,13 +338,18 @@ void TestReorganisation::diskFullWritingTheNewFile()
 void TestReorganisation::catalogueHeldByAnotherProgram_data()
 {
     QTest::addColumn<HeldCatalogue::Lock>("lock");
-    QTest::newRow("writing") << HeldCatalogue::Lock::Write;
-    QTest::newRow("exclusive") << HeldCatalogue::Lock::Exclusive;
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("writing") << HeldCatalogue::Lock::Write << u"database is locked"_s;
+    QTest::newRow("exclusive") << HeldCatalogue::Lock::Exclusive << u"database is locked"_s;
+    // An idle copy of the program holds no lock of SQLite's, and edits the file later.
+    QTest::newRow("open in a copy of the program")
+        << HeldCatalogue::Lock::Open << u"the catalogue is open in another copy of Shelvane"_s;
 }
 
 void TestReorganisation::catalogueHeldByAnotherProgram()
 {
     QFETCH(HeldCatalogue::Lock, lock);
+    QFETCH(QString, reason);
     Files files;
     Reorganisation::Result result;
     {
@@ -347,9 +359,11 @@ void TestReorganisation::catalogueHeldByAnotherProgram()
     }
 
     QCOMPARE(result.outcome, Outcome::InUse);
-    QCOMPARE(result.reason, u"database is locked"_s);
+    QCOMPARE(result.reason, reason);
+    QVERIFY(!result.kept);
     QVERIFY(files.untouched());
     QVERIFY(!QFile::exists(files.backup()));
+    QVERIFY(!QFileInfo::exists(CatalogueBackups::folderBeside(files.catalogue())));
     QVERIFY(!QFile::exists(files.newFile()));
 }
 

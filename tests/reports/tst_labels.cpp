@@ -157,6 +157,48 @@ private Q_SLOTS:
         QCOMPARE(rows(catalogue), 1);
     }
 
+    // The copying tells how far it is after each row it writes, and stops when told to: the
+    // rows written until then stay, as after a failing statement.
+    void copyingTellsItsProgressAndStopsWhenTold()
+    {
+        const TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        const int labels = catalogue.scalar(u"SELECT count(*) FROM qryBookLabel01"_s).toInt();
+        Connection connection;
+        connection.open(ConnectionString::forCatalogue(catalogue.path()));
+        QList<int> told;
+        QCOMPARE(FillLabelTable(connection, [&](int copied, int total) {
+                     told.append(copied);
+                     return total == labels;
+                 }), LabelCopy::Complete);
+        QVERIFY(told.size() >= labels / 4);
+        QVERIFY(std::is_sorted(told.cbegin(), told.cend()));
+        QCOMPARE(told.constLast(), labels);
+        QCOMPARE(rows(catalogue), (labels + 3) / 4);
+
+        told.clear();
+        QCOMPARE(FillLabelTable(connection, [&](int copied, int) {
+                     told.append(copied);
+                     return told.size() < 3;
+                 }), LabelCopy::Stopped);
+        QCOMPARE(told, QList<int>({4, 8, 12}));
+        QCOMPARE(rows(catalogue), 3);
+    }
+
+    // The sheet reads the label table only as far as the pages laid out reach.
+    void theSheetsFirstPageIsReadyBeforeTheRest()
+    {
+        const TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        fill(catalogue);
+        const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(catalogue.path());
+        ReportDocument sheet = LoadLabelSheet(*deShelvane);
+        sheet.definition.applyPriceFormat(PoundsFormat);
+        const auto pages = sheet.paginate();
+        QVERIFY(pages->page(0));
+        QCOMPARE(pages->pagesLaidOut(), 1);
+        QVERIFY(!pages->isComplete());
+        QCOMPARE(TextsOf(AllPages(*pages), u"txtBookId1"_s).size(), rows(catalogue));
+    }
+
     // An empty block (the padding of the last row) prints nothing, not even its outline.
     void emptyPlacesPrintNothing()
     {
@@ -196,13 +238,19 @@ private Q_SLOTS:
         QVERIFY(TextsOf(all, u"Text13"_s) == (QStringList{u"1"_s, u"5"_s}));
         QVERIFY(TextsOf(all, u"Text25"_s) == QStringList{u"2"_s});
 
-        const auto table = deShelvane->run(u"cmdLabels"_s);
-        const auto shifted = LabelsFrom(*table, 6);
-        QCOMPARE(shifted->recordCount(), 3);
-        QVERIFY(shifted->valueAt(0, 0).isNull());
-        QCOMPARE(shifted->valueAt(1, shifted->fieldIndex(u"BookId2"_s)).toInt(), 1);
-        QCOMPARE(shifted->valueAt(2, shifted->fieldIndex(u"BookId2"_s)).toInt(), 5);
-        QVERIFY(shifted->valueAt(2, shifted->fieldIndex(u"BookId3"_s)).isNull());
+        // Starting at the sixth place: one empty row, then the five labels from its second place.
+        const std::unique_ptr<BandSource> shifted =
+            LabelSheetBands(deShelvane->run(u"cmdLabels"_s), 6, 0);
+        QStringList rows;
+        while (const std::optional<BandRow> row = shifted->next()) {
+            QStringList numbers;
+            for (int place = 1; place <= 4; ++place) {
+                const int field = row->records->fieldIndex(u"BookId%1"_s.arg(place));
+                numbers.append(row->records->valueAt(row->row, field).toString());
+            }
+            rows.append(numbers.join(u','));
+        }
+        QCOMPARE(rows, QStringList({u",,,"_s, u",1,2,3"_s, u"4,5,,"_s}));
     }
 
     void sheetHasFourBlocksAcrossWithTheDesignedControls()

@@ -5,9 +5,11 @@
 #include "data/providererror.h"
 #include "data/runtimeerror.h"
 #include "reportfixture.h"
+#include "reports/reportfont.h"
 #include "reports/reportpaginator.h"
 #include "support/testcatalogue.h"
 
+#include <QFontMetricsF>
 #include <QSqlQuery>
 
 using namespace Qt::StringLiterals;
@@ -57,7 +59,10 @@ const PageItem *itemOf(const ReportPage &page, const QString &control)
     return nullptr;
 }
 
-// The texts of headings and entries, in the order printed, as "# topic" and "book".
+const QString continued = u" (continued)"_s;
+
+// The texts of headings and entries, in the order printed, as "# topic" and "book"; a
+// heading printed again at the top of a page as "# topic (continued)".
 QStringList headingsAndTitles(const QList<const ReportPage *> &pages)
 {
     QStringList printed;
@@ -70,6 +75,23 @@ QStringList headingsAndTitles(const QList<const ReportPage *> &pages)
         }
     }
     return printed;
+}
+
+// Where a one-line text printed by a control starts and ends across the page.
+std::pair<qreal, qreal> textSpan(const ReportPage &page, const PageItem &item)
+{
+    const qreal start = item.rect.left() + item.textOrigin.x();
+    const QFontMetricsF metrics(ReportFont(page.fontFamily, item.style));
+    return {start, start + metrics.horizontalAdvance(item.text)};
+}
+
+QString generatedCatalogue(const QTemporaryDir &folder, int books)
+{
+    const QString path = folder.filePath(u"QuireshelfCatalog01.mdb"_s);
+    Generator::Options options;
+    options.books = books;
+    CatalogueFile::create(path, false, [&](QSqlDatabase &db) { Generator::fill(db, options); });
+    return path;
 }
 
 const QList<CatalogueListing> listings{CatalogueListing::ByTitle, CatalogueListing::ByAuthor,
@@ -164,12 +186,132 @@ private Q_SLOTS:
                                           "WHERE t.TopicDescription = '%1' "
                                           "ORDER BY b.BookDescription, b.BookID"_s.arg(escaped));
         }
-        QCOMPARE(headingsAndTitles(pages), expected);
+        QStringList printed = headingsAndTitles(pages);
+        printed.removeIf([](const QString &text) { return text.endsWith(continued); });
+        QCOMPARE(printed, expected);
         // A heading never ends a page: its first book follows it there.
         for (const ReportPage *page : pages) {
             const QStringList printed = headingsAndTitles({page});
             if (!printed.isEmpty())
                 QVERIFY2(!printed.constLast().startsWith(u"# "_s), qPrintable(printed.constLast()));
+        }
+    }
+
+    // A topic whose books run onto the next page is headed there again, marked as continued,
+    // right under the page header; a page that starts a topic of its own starts with its
+    // heading.
+    void aTopicRunningOntoANewPageIsHeadedThereAgain()
+    {
+        QTemporaryDir folder;
+        const QString path = generatedCatalogue(folder, 300);
+        const auto report = LoadListingOf(path, CatalogueListing::ByTopic).paginate();
+        const QList<const ReportPage *> pages = AllPages(*report);
+        QString lastHeading;
+        int continuations = 0;
+        for (const ReportPage *page : pages.mid(1)) {
+            const QStringList printed = headingsAndTitles({page});
+            if (!printed.isEmpty() && !printed.constFirst().startsWith(u"# "_s))
+                QFAIL(qPrintable(u"page %1 starts with \"%2\" under no heading"_s
+                                     .arg(page->number).arg(printed.constFirst())));
+            for (const QString &text : printed) {
+                if (!text.startsWith(u"# "_s))
+                    continue;
+                if (text.endsWith(continued)) {
+                    QCOMPARE(text, lastHeading + continued);
+                    QCOMPARE(text, printed.constFirst());
+                    ++continuations;
+                } else {
+                    lastHeading = text;
+                }
+            }
+            const QList<PageItem>::const_iterator heading =
+                std::find_if(page->items.cbegin(), page->items.cend(),
+                             [](const PageItem &item) { return item.control == u"Text1"; });
+            if (heading != page->items.cend() && heading->text.endsWith(continued)) {
+                const qreal headerRule = itemOf(*page, u"linHeaderRule"_s)->rect.top();
+                QVERIFY(heading->rect.top() > headerRule);
+                QVERIFY(heading->rect.top() < headerRule + 30 * Decipoints::PerPoint);
+            }
+        }
+        QVERIFY(continuations > 0);
+    }
+
+    // The author listing prints a book under each of its authors; each page's header names
+    // the first and last author whose books are on it.
+    void theAuthorListingIsHeadedWithTheFirstAndLastAuthorOfEachPage()
+    {
+        const TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        const auto report = LoadListingOf(catalogue.path(), CatalogueListing::ByAuthor).paginate();
+        const QList<const ReportPage *> pages = AllPages(*report);
+        QVERIFY(pages.size() > 3);
+        const QStringList authors = column(catalogue, u"SELECT ifnull(ListedAuthor, '') FROM qryReport02"_s);
+        QVERIFY(authors.contains(u"Brontë, Charlotte"_s));
+        qsizetype entry = 0;
+        for (const ReportPage *page : pages.mid(1)) {
+            const qsizetype entries = page->textsOf(u"txtBookDescription"_s).size();
+            QStringList onPage = authors.mid(entry, entries);
+            entry += entries;
+            onPage.removeAll(QString());
+            QString expected;
+            if (!onPage.isEmpty()) {
+                expected = onPage.constFirst() == onPage.constLast()
+                    ? onPage.constFirst()
+                    : onPage.constFirst() + u" \u2013 "_s + onPage.constLast();
+            }
+            QCOMPARE(page->textsOf(u"txtRunningHead"_s),
+                     expected.isEmpty() ? QStringList() : QStringList{expected});
+        }
+        QCOMPARE(entry, authors.size());
+        // The other listings have no running head.
+        for (CatalogueListing listing : {CatalogueListing::ByTitle, CatalogueListing::ByTopic}) {
+            const auto other = LoadListingOf(catalogue.path(), listing).paginate();
+            QVERIFY(TextsOf(AllPages(*other), u"txtRunningHead"_s).isEmpty());
+        }
+    }
+
+    // With nothing to say about an owner, the front page leaves out its own lines about one:
+    // "the collection of" and the printed date (which the page footer still carries).
+    void anEmptyOwnerLeavesTheFrontPageToTheTitles()
+    {
+        const TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        exec(catalogue, u"UPDATE tblCatalogueControl SET Firstname = '', Surname = '', Addr1 = '', "
+                        "Addr2 = '', Addr3 = '', Addr4 = '', Addr5 = '', PostCode = '', TelNo1 = '', "
+                        "TelNo2 = '', FaxNo = '', Email = ''"_s);
+        const auto report = LoadListingOf(catalogue.path(), CatalogueListing::ByTitle).paginate(QDate(2026, 11, 24));
+        const ReportPage &front = *report->page(0);
+        QCOMPARE(frontPageTexts(front), QStringList({u"The Whitcombe Library"_s, u"Main Book Listing"_s,
+                                                     u" "_s, u"Telephone: "_s, u"Fax:"_s, u"E-mail: "_s}));
+        QCOMPARE(front.textsOf(u"txtPrintDate"_s), QStringList({u"24 November 2026"_s}));
+
+        // One detail is enough for both lines to come back.
+        exec(catalogue, u"UPDATE tblCatalogueControl SET Email = 'me@example.com'"_s);
+        const auto mailed = LoadListingOf(catalogue.path(), CatalogueListing::ByTitle).paginate(QDate(2026, 11, 24));
+        QVERIFY(frontPageTexts(*mailed->page(0)).contains(u"the collection of"_s));
+        QVERIFY(frontPageTexts(*mailed->page(0)).contains(u"Printed 24 November 2026"_s));
+    }
+
+    // "Page: N" reads as one text that ends where the footer's rule ends, whatever N's width.
+    void pageNumberEndsAtTheRightEndOfTheFootersRule()
+    {
+        QTemporaryDir folder;
+        const QString path = generatedCatalogue(folder, 200);
+        const auto report = LoadListingOf(path, CatalogueListing::ByTitle).paginate();
+        const QList<const ReportPage *> pages = AllPages(*report);
+        QVERIFY(pages.size() >= 10);
+        for (const ReportPage *page : pages) {
+            const PageItem *rule = itemOf(*page, u"linFooterRule"_s);
+            const PageItem *caption = itemOf(*page, u"lblPage"_s);
+            const PageItem *number = itemOf(*page, u"txtPageNumber"_s);
+            QVERIFY(rule && caption && number);
+            const auto [numberStart, numberEnd] = textSpan(*page, *number);
+            const auto [captionStart, captionEnd] = textSpan(*page, *caption);
+            QVERIFY2(qAbs(numberEnd - rule->rect.right()) < 0.5,
+                     qPrintable(u"page %1 ends at %2, the rule at %3"_s.arg(page->number)
+                                .arg(numberEnd).arg(rule->rect.right())));
+            QVERIFY2(qAbs(captionEnd - numberStart) < 0.5,
+                     qPrintable(u"page %1: \"Page: \" ends at %2, the number starts at %3"_s
+                                .arg(page->number).arg(captionEnd).arg(numberStart)));
+            QVERIFY(captionStart > rule->rect.left());
         }
     }
 
@@ -355,10 +497,7 @@ private Q_SLOTS:
     void theFirstPageIsReadyBeforeTheRestAreLaidOut()
     {
         QTemporaryDir folder;
-        const QString path = folder.filePath(u"QuireshelfCatalog01.mdb"_s);
-        Generator::Options options;
-        options.books = 1500;
-        CatalogueFile::create(path, false, [&](QSqlDatabase &db) { Generator::fill(db, options); });
+        const QString path = generatedCatalogue(folder, 1500);
         const auto report = LoadListingOf(path, CatalogueListing::ByTitle).paginate();
         QVERIFY(report->page(1));
         QCOMPARE(report->pagesLaidOut(), 2);

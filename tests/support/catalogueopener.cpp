@@ -30,8 +30,8 @@ std::function<void(QWidget *)> choose(const QString &path)
 
 } // namespace
 
-QString OpenCatalogueThroughForm(MainFrame &frame, const QString &path,
-                                 ModalResponder &responder)
+QString PressOpenFor(MainFrame &frame, const QString &path, ModalResponder &responder,
+                     const QList<ModalExpectation> &expected, int timeoutMs)
 {
     auto *openButton = frame.findChild<QToolButton *>(u"Open"_s);
     if (!openButton)
@@ -43,14 +43,23 @@ QString OpenCatalogueThroughForm(MainFrame &frame, const QString &path,
 
     responder.expect(ModalResponder::dialog(u"cdgOpenDatabase"_s, u"Open"_s, {}, choose(path)));
     QTest::mouseClick(FindControl<QPushButton>(form, u"cmdFind"_s), Qt::LeftButton);
-    QString problems = responder.finish();
+    const QString problems = responder.finish();
     if (!problems.isEmpty())
         return problems;
 
-    responder.expect(ModalResponder::message(u"Shelvane"_s, u"Quireshelf Sucessfully opened"_s,
-                                             QMessageBox::NoIcon, {u"OK"_s}, u"OK"_s));
+    for (const ModalExpectation &expectation : expected)
+        responder.expect(expectation);
     QTest::mouseClick(FindControl<QPushButton>(form, u"cmdOpen"_s), Qt::LeftButton);
-    problems = responder.finish();
+    return responder.finish(timeoutMs);
+}
+
+QString OpenCatalogueThroughForm(MainFrame &frame, const QString &path,
+                                 ModalResponder &responder)
+{
+    const QString problems = PressOpenFor(
+        frame, path, responder,
+        {ModalResponder::message(u"Shelvane"_s, u"Quireshelf Sucessfully opened"_s,
+                                 QMessageBox::NoIcon, {u"OK"_s}, u"OK"_s)});
     if (!problems.isEmpty())
         return problems;
     if (!frame.session().isOpen())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/modalresponder.h"
 #include "support/testcatalogue.h"
 
 #include <QString>
@@ -8,7 +9,12 @@
 #include <memory>
 
 class MainFrame;
-class ModalResponder;
+
+// Picks `path` in frmOpen the way a person does (the toolbar's open button, "..." and the
+// file in the file dialog) and presses "Open", answering the windows that follow as
+// `expected` says with the test's responder. Answers what went wrong, empty when all was so.
+QString PressOpenFor(MainFrame &frame, const QString &path, ModalResponder &responder,
+                     const QList<ModalExpectation> &expected, int timeoutMs = 5000);
 
 // Opens the catalogue at `path` in the frame the way a person does: the toolbar's open
 // button, "..." and the file in the file dialog, "Open", and OK to "Quireshelf Sucessfully

@@ -1,6 +1,8 @@
 #include "support/formdriver.h"
 
+#include "app/helptopics.h"
 #include "support/finders.h"
+#include "support/screenshot.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -39,6 +41,19 @@ QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName)
     return {};
 }
 
+QString AppendToShownTitle(const QString &text)
+{
+    const QWidget *form = OpenThroughMenu(u"mnuBooks"_s, u"frmBookMaintenance"_s);
+    auto *title = FindControl<QLineEdit>(form, u"txtDescription"_s);
+    if (!title)
+        return {};
+    const QString id = BoxText(form, u"txtBookID"_s);
+    QTest::keyClick(title, Qt::Key_End);
+    QTest::keyClicks(title, text);
+    ClickButton(form, u"cmdNext"_s);
+    return id;
+}
+
 void Retype(QLineEdit *box, const QString &text)
 {
     box->setFocus(Qt::OtherFocusReason);
@@ -64,4 +79,24 @@ QString ShownHelpTopic()
     if (!window || !window->isVisible())
         return u"(no help window)"_s;
     return FindControl<QTextBrowser>(window, u"helpBrowser"_s)->documentTitle();
+}
+
+QString HelpTopicLacks(int topic, const QString &title, const QStringList &texts,
+                       const QSize &size, const QString &screenshot)
+{
+    ShowHelpTopic(topic);
+    QWidget *window = FindForm(u"HelpWindow"_s);
+    if (!window || !QTest::qWaitForWindowExposed(window))
+        return u"(no help window)"_s;
+    const auto *page = FindControl<QTextBrowser>(window, u"helpBrowser"_s);
+    if (!QTest::qWaitFor([&] { return page->documentTitle() == title; }))
+        return page->documentTitle();
+    QStringList lacking;
+    for (const QString &text : texts) {
+        if (!page->toPlainText().contains(text))
+            lacking << text;
+    }
+    window->resize(size);
+    SaveScreenshot(window, screenshot);
+    return lacking.join(u"; "_s);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
+#include <QStringList>
 
 class QLineEdit;
 class QWidget;
@@ -14,6 +16,11 @@ QWidget *OpenThroughMenu(const QString &menuEntry, const QString &formName);
 // what was otherwise, empty when all was so.
 QString MenuEntryFollowsForm(const QString &menuEntry, const QString &formName);
 
+// Shows the book form through its menu entry, types `text` at the end of the shown book's
+// title and moves to the next book, which writes the edit as it does for a person. Answers
+// the edited book's key; empty when the form did not open.
+QString AppendToShownTitle(const QString &text);
+
 // Replaces a box's text key by key, so that its key filter sees every character.
 void Retype(QLineEdit *box, const QString &text);
 
@@ -25,3 +32,9 @@ QString BoxText(const QWidget *form, const QString &name);
 
 // The title of the help page shown now; "(no help window)" when none is shown.
 QString ShownHelpTopic();
+
+// Shows help topic `topic` as F1 does and answers what it lacks: its title when another
+// page shows, else each of `texts` that it does not say; empty when it says them all. The
+// help window is left open, `size` large, and a picture of it saved as `screenshot`.
+QString HelpTopicLacks(int topic, const QString &title, const QStringList &texts,
+                       const QSize &size, const QString &screenshot);

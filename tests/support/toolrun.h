@@ -12,5 +12,6 @@ struct Run
     QString err;
 };
 
-// The catalogue tool the build made (SHELVANE_TOOL), or another program.
+// The catalogue tool the build made (SHELVANE_TOOL), or another program, with the program's
+// settings in a folder of the test's own.
 Run runTool(const QStringList &arguments, const QString &program = qEnvironmentVariable("SHELVANE_TOOL"));

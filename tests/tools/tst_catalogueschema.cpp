@@ -207,7 +207,7 @@ private Q_SLOTS:
                             u"BookPagesText"_s, u"BookPrice"_s, u"TopicDescription"_s});
         QTest::newRow("qryBookLabels") << u"qryBookLabels"_s << labelColumns();
         QTest::newRow("qryReport01") << u"qryReport01"_s << listing;
-        QTest::newRow("qryReport02") << u"qryReport02"_s << listing;
+        QTest::newRow("qryReport02") << u"qryReport02"_s << (listing + QStringList({u"ListedAuthor"_s}));
         QTest::newRow("qryTopicDescForRep3") << u"qryTopicDescForRep3"_s
             << QStringList({u"TopicDescription"_s, u"BookID"_s});
         QTest::newRow("qryReport03") << u"qryReport03"_s << (QStringList({u"BookID"_s}) + listing);

@@ -251,6 +251,12 @@ private Q_SLOTS:
         QTest::newRow("import without NEW") << QStringList{u"import"_s, u"old.mdb"_s} << u"no NEW given"_s << importUsage;
         QTest::newRow("import of three") << QStringList{u"import"_s, u"a.mdb"_s, u"b.mdb"_s, u"c.mdb"_s}
                                          << u"unexpected argument \"c.mdb\""_s << importUsage;
+        QTest::newRow("restore without CATALOGUE")
+            << QStringList{u"restore"_s, u"backup.mdb"_s} << u"no CATALOGUE given"_s
+            << u"Usage: shelvane-catalog restore BACKUP CATALOGUE"_s;
+        QTest::newRow("backup --to without folder")
+            << QStringList{u"backup"_s, u"x.mdb"_s, u"--to"_s} << u"--to needs a value"_s
+            << u"Usage: shelvane-catalog backup CATALOGUE [--to FOLDER]"_s;
         for (const QString &books : {u"0"_s, u"40000"_s, u"abc"_s}) {
             QTest::addRow("--books %s", qPrintable(books))
                 << QStringList{u"generate"_s, u"x.mdb"_s, u"--books"_s, books}
@@ -287,6 +293,16 @@ private Q_SLOTS:
         QTest::newRow("check") << QStringList{u"check"_s, u"--help"_s} << u"Usage: shelvane-catalog check PATH"_s;
         QTest::newRow("import") << QStringList{u"import"_s, u"--help"_s}
                                 << u"Usage: shelvane-catalog import OLD NEW [--strict] [--force]"_s;
+        QTest::newRow("report") << QStringList{u"report"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog report PATH --by REPORT --pdf OUT.pdf"_s;
+        QTest::newRow("export") << QStringList{u"export"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog export PATH --csv OUT.csv [--force]"_s;
+        QTest::newRow("import-csv") << QStringList{u"import-csv"_s, u"--help"_s}
+                                    << u"Usage: shelvane-catalog import-csv CSV CATALOGUE [--dry-run]"_s;
+        QTest::newRow("backup") << QStringList{u"backup"_s, u"--help"_s}
+                                << u"Usage: shelvane-catalog backup CATALOGUE [--to FOLDER]"_s;
+        QTest::newRow("restore") << QStringList{u"restore"_s, u"--help"_s}
+                                 << u"Usage: shelvane-catalog restore BACKUP CATALOGUE"_s;
     }
 
     void helpIsThereForEveryCommand()
@@ -299,6 +315,8 @@ private Q_SLOTS:
         QCOMPARE(run.status, 0);
         QCOMPARE(firstLine(run.out), usage);
         QVERIFY(run.out.contains(u"--help"_s));
+        // Every line ends, the last one too, and no blank line trails.
+        QVERIFY2(run.out.endsWith(u'\n') && !run.out.endsWith(u"\n\n"_s), qPrintable(run.out.right(40)));
         QCOMPARE(run.err, QString());
     }
 };

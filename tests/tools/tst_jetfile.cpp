@@ -129,6 +129,37 @@ private Q_SLOTS:
         QCOMPARE(errorOpeningAndReading(path), dir.path() + u'/' + error);
     }
 
+    // libmdb trusts a table's definition, and read through null pointers where a damaged
+    // one gave no columns or no page map; such a table is refused in one line instead.
+    void damagedTableDefinitionsGiveOneLineErrors_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<int>("byte");
+        QTest::addColumn<QString>("error");
+        const QString books = u"old.mdb cannot be read: table tblBook is damaged"_s;
+        QTest::newRow("books: column count") << 24 << 46 << books;
+        QTest::newRow("books: index count") << 24 << 52 << books;
+        QTest::newRow("books: page map") << 24 << 55 << books;
+        QTest::newRow("list of tables: page map") << 2 << 55 << u"old.mdb cannot be read: its list of tables is damaged"_s;
+    }
+
+    void damagedTableDefinitionsGiveOneLineErrors()
+    {
+        QFETCH(int, page);
+        QFETCH(int, byte);
+        QFETCH(QString, error);
+        QTemporaryDir dir;
+        const QString path = jetFixtureCopy(dir, u"QuireshelfCatalog01.mdb"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const qint64 at = qint64(page) * 4096 + byte;
+        QVERIFY(file.seek(at));
+        const char was = file.read(1).at(0);
+        QVERIFY(file.seek(at) && file.putChar(char(was + 0x41)));
+        file.close();
+        QCOMPARE(errorOpeningAndReading(path), dir.path() + u'/' + error);
+    }
+
     void otherFilesAreRefused()
     {
         QTemporaryDir dir;

@@ -5,6 +5,7 @@
 #include "app/mainframe.h"
 #include "data/connection.h"
 #include "forms/printing/showreport.h"
+#include "forms/printing/workprogress.h"
 #include "recordform/msgbox.h"
 #include "recordform/runtimeerrorreport.h"
 #include "reports/labelreports.h"
@@ -88,7 +89,14 @@ void ReportCommands::printLabels()
     {
         Connection connection;
         connection.open(m_frame.session().connectionString());
-        FillLabelTable(connection);
+        WorkProgress progress(&m_frame, u"Catalogue Labels"_s, u"Copying the labels..."_s);
+        const LabelCopy copied = FillLabelTable(connection, [&progress](int done, int total) {
+            progress.setTotal(total);
+            return progress.step(done);
+        });
+        // Cancelled: the labels copied so far stay in the table, and no sheet is shown.
+        if (copied == LabelCopy::Stopped)
+            return;
     }
     ReportDocument document = LoadLabelSheet(PrepareDataEnvironment());
     m_deShelvane->close();

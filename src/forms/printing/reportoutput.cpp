@@ -1,5 +1,6 @@
 #include "forms/printing/reportoutput.h"
 
+#include "forms/printing/workprogress.h"
 #include "recordform/msgbox.h"
 #include "reports/pagepainter.h"
 #include "reports/pdfexport.h"
@@ -9,34 +10,10 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Shown for work that takes more than a moment; answers false once the user cancels.
-class PageProgress
-{
-public:
-    PageProgress(QWidget *parent, const QString &what, int pages)
-        : m_dialog(what, u"Cancel"_s, 0, pages, parent)
-    {
-        m_dialog.setObjectName(u"dlgReportProgress"_s);
-        m_dialog.setWindowTitle(parent->windowTitle());
-        m_dialog.setWindowModality(Qt::WindowModal);
-        m_dialog.setMinimumDuration(500);
-    }
-
-    bool step(int pagesDone)
-    {
-        m_dialog.setValue(pagesDone);
-        return !m_dialog.wasCanceled();
-    }
-
-private:
-    QProgressDialog m_dialog;
-};
 
 // The page scaled to fit the sheet without distortion, centred on it: a report laid out
 // for A4 still prints whole on Letter paper.
@@ -74,7 +51,7 @@ void PrintReport(QWidget *parent, ReportPaginator &report)
         first = std::max(1, printer.fromPage());
         last = std::min(pageCount, printer.toPage());
     }
-    PageProgress progress(parent, u"Printing..."_s, last - first + 1);
+    WorkProgress progress(parent, parent->windowTitle(), u"Printing..."_s, last - first + 1);
     QPainter painter(&printer);
     const QRectF sheet = printer.paperRect(QPrinter::DevicePixel);
     for (int number = first; number <= last; ++number) {
@@ -101,7 +78,8 @@ void ExportReportToPdf(QWidget *parent, ReportPaginator &report)
         return;
     const QString path = dialog.selectedFiles().constFirst();
 
-    PageProgress progress(parent, u"Exporting to PDF..."_s, report.pageCount());
+    WorkProgress progress(parent, parent->windowTitle(), u"Exporting to PDF..."_s,
+                          report.pageCount());
     QString error;
     const PdfExport::Outcome outcome = PdfExport::write(
         report, path, [&progress](int pages) { return progress.step(pages); }, &error);

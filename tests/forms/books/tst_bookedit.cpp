@@ -421,6 +421,25 @@ private Q_SLOTS:
         QTRY_COMPARE(focused(form), control(form, u"txtDescription"_s));
     }
 
+    // Notes written elsewhere break their lines with CR LF; the notes box gives its lines back
+    // with LF alone. Showing them is no edit: nothing is asked, nothing is written.
+    void notesWithCarriageReturnsAreNoEdit()
+    {
+        const QString notes = u"Bought at auction\r\nfoxing to prelims"_s;
+        BookFormFixture fixture(TestCatalogue::Content::Sample, [&notes](const TestCatalogue &catalogue) {
+            QSqlQuery update(catalogue.db());
+            update.prepare(u"update tblBook set BookNotes = ?"_s);
+            update.addBindValue(notes);
+            QVERIFY(update.exec());
+        });
+        FrmBookMaintenance *form = fixture.showBooks();
+        Click(control(form, u"cmdNext"_s));
+        Click(control(form, u"cmdExit"_s));
+        QCOMPARE(fixture.responder().finish(), QString());
+        QTRY_VERIFY(!fixture.form());
+        QCOMPARE(fixture.rows(u"select * from tblBook where BookNotes = '"_s + QString(notes).replace(u"\r\n"_s, u"' || char(13) || char(10) || '"_s) + u"'"_s), 60);
+    }
+
     void closingWithoutAnEditAsksNothing()
     {
         BookFormFixture fixture;

@@ -131,6 +131,34 @@ private Q_SLOTS:
         QVERIFY(!listing->findChild<QSpinBox *>(u"spnFirstLabel"_s)->isVisible());
     }
 
+    // On a large catalogue the copying shows its progress from the start, and Cancel stops it:
+    // the labels copied so far stay in the table, as after a failing statement, and no sheet
+    // opens.
+    void copyingTheLabelsShowsProgressAndCanBeCancelled()
+    {
+        m_opener = std::make_unique<CatalogueOpener>(RegisterPrintingForms, TestCatalogue::Content::Large);
+        QVERIFY2(m_opener->problems().isEmpty(), qPrintable(m_opener->problems()));
+        const int labels = m_opener->catalogue().scalar(u"SELECT count(*) FROM qryBookLabel01"_s).toInt();
+        ModalResponder responder;
+        responder.expect(printLabelsQuestion(u"Yes"_s));
+        responder.expect(ModalResponder::dialog(u"dlgReportProgress"_s, u"Catalogue Labels"_s,
+                                                u"Cancel"_s, [](QWidget *dialog) {
+                                                    QVERIFY(!SaveScreenshot(dialog, u"DataReport4-copying"_s).isEmpty());
+                                                }));
+        frame().action(u"mnuPrintLabels"_s)->trigger();
+        QCOMPARE(responder.finish(), QString());
+        QVERIFY(!FindForm(u"DataReport4"_s));
+        QVERIFY(labelRows() > 0);
+        QVERIFY(labelRows() < (labels + 3) / 4);
+        // The next run copies them all again.
+        responder.expect(printLabelsQuestion(u"Yes"_s));
+        responder.expect(ModalResponder::dialog(u"dlgReportProgress"_s, u"Catalogue Labels"_s, {}));
+        frame().action(u"mnuPrintLabels"_s)->trigger();
+        QCOMPARE(responder.finish(), QString());
+        QVERIFY(FindForm(u"DataReport4"_s));
+        QCOMPARE(labelRows(), (labels + 3) / 4);
+    }
+
     void singleLabelOpensForTheBookShown()
     {
         frame().runCommand(u"cmdPrintLabel"_s, u"17"_s);

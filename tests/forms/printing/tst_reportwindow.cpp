@@ -7,6 +7,7 @@
 #include "forms/printing/printingforms.h"
 #include "forms/printing/reportcommands.h"
 #include "forms/printing/reportwindow.h"
+#include "forms/printing/workprogress.h"
 #include "reports/reportfixture.h"
 #include "reports/reportpaginator.h"
 #include "support/catalogueopener.h"
@@ -24,6 +25,7 @@
 #include <QMdiSubWindow>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QScrollArea>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -438,6 +440,24 @@ private Q_SLOTS:
         QVERIFY2(text.contains(u"Listing by Topic"_s), qPrintable(text.left(200)));
         QVERIFY(text.contains(u"Page: %1"_s.arg(report->pages().pageCount())));
         QVERIFY(SavePdfPictures(printed, u"DataReport3-printed"_s, 2, 2));
+    }
+
+    // The progress of a long export is a dialog titled with the report's caption, wide enough
+    // for the whole title beside the title bar's buttons.
+    void progressDialogShowsItsTitleWhole()
+    {
+        ReportWindow *report = openThroughMenu(u"mnuRepTitleOrder"_s, u"DataReport1"_s);
+        WorkProgress progress(report, report->windowTitle(), u"Exporting to PDF..."_s, 5000);
+        QVERIFY(progress.step(100));
+        auto *dialog = report->findChild<QProgressDialog *>(u"dlgReportProgress"_s);
+        QVERIFY(dialog);
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(dialog->windowTitle(), u"Listing by Title"_s);
+        QFont titleFont = dialog->font();
+        titleFont.setBold(true);
+        QVERIFY2(dialog->width() >= QFontMetrics(titleFont).horizontalAdvance(dialog->windowTitle()) + 150,
+                 qPrintable(u"%1 pixels wide"_s.arg(dialog->width())));
+        QVERIFY(!SaveScreenshot(dialog, u"DataReport1-exporting"_s).isEmpty());
     }
 
     void exportCancelledInTheFileDialogWritesNothing()
