@@ -1,5 +1,12 @@
 #include "bookformstatements.h"
 
+#include "benchcatalogue.h"
+#include "data/jetsql.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
 using namespace Qt::StringLiterals;
 
 const QStringList &BookFormLoadStatements()
@@ -29,4 +36,21 @@ const QStringList &BookFormLinkStatements()
         "tblbookauthor.bookid = "_s,
     };
     return statements;
+}
+
+void readFirstBookShown(const QSqlDatabase &db, const QString &bookRows)
+{
+    readAll(db, u"select count(*) from ("_s + bookRows + u")"_s);
+    QSqlQuery first(db);
+    first.setForwardOnly(true);
+    first.exec(JetSql::toSqlite(bookRows + u" limit 1"_s));
+    if (!first.next())
+        return;
+    for (int c = 0; c < first.record().count(); ++c)
+        first.value(c);
+    const QString book = first.value(u"BookID"_s).toString();
+    readAll(db, u"select PublisherName from tblPublisher where PublisherID = "_s
+                    + first.value(u"BookPublisherID"_s).toString());
+    for (const QString &statement : BookFormLinkStatements())
+        readAll(db, statement + book);
 }
