@@ -1,6 +1,7 @@
 // How quickly the book listing and the two tree browsers come up on a catalogue of 30,000
 // books, how quickly the listing sorts and closes, how quickly the trees expand and collapse,
-// and how much memory they hold, beside the time SQLite itself (or a plain tree view) takes.
+// and how much memory they hold, beside the least SQL that gives what each shows (or a plain
+// tree view).
 
 #include "benchcatalogue.h"
 #include "benchprogram.h"
@@ -59,6 +60,24 @@ double openMilliseconds(MainFrame &frame, const QString &entry, const QString &f
     return best;
 }
 
+
+// The least SQL behind a tree as it first shows: its roots in order, and the count of its
+// entries on the status bar.
+QStringList treeShownSelects(const BookBrowserKind &kind)
+{
+    if (kind.formName == u"frmTopicBook") {
+        return {u"select distinct tblTopic.TopicID, tblTopic.TopicDescription from tblTopic, "
+                "tblBookTopic where tblBookTopic.TopicID = tblTopic.TopicID order by "
+                "tblTopic.TopicDescription"_s,
+                u"select count(*) from tblBook, tblBookTopic where tblBook.BookID = "
+                "tblBookTopic.BookID"_s};
+    }
+    return {u"select distinct tblAuthor.AuthorID, tblAuthor.AuthorFirstName & ' ' & "
+            "tblAuthor.AuthorSurName as AuthorName from tblAuthor, tblBookAuthor where "
+            "tblBookAuthor.AuthorID = tblAuthor.AuthorID order by 2"_s,
+            u"select count(*) from tblBook, tblBookAuthor where tblBook.BookID = "
+            "tblBookAuthor.BookID"_s};
+}
 
 QString entryOf(const BookBrowserKind &kind)
 {
@@ -155,7 +174,10 @@ void measureExpandCollapse(MainFrame &frame, const BookBrowserKind &kind)
 void measureTrees(MainFrame &frame, const QSqlDatabase &db)
 {
     for (const BookBrowserKind &kind : BookBrowserKinds()) {
-        const double rawTreeMs = bestMilliseconds(3, [&] { readAll(db, kind.loadSql); });
+        const double rawTreeMs = bestMilliseconds(3, [&] {
+            for (const QString &select : treeShownSelects(kind))
+                readAll(db, select);
+        });
         const double treeMs = openMilliseconds(frame, entryOf(kind), kind.formName);
         reportFigure(qPrintable(kind.caption + u" tree shown"_s), treeMs, rawTreeMs, "ms");
         measureExpandCollapse(frame, kind);

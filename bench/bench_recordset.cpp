@@ -1,5 +1,5 @@
-// How the book form's record set compares with the same query read straight from SQLite:
-// opening, memory, finding by key and requerying, on a catalogue of 30,000 books.
+// How the book form's record set compares with SQLite read straight: opening beside its keys
+// in order and first row, memory, finding by key and requerying, on 30,000 books.
 #include "benchcatalogue.h"
 
 #include "data/connection.h"
@@ -69,17 +69,24 @@ int main(int argc, char **argv)
     Connection connection;
     connection.open(ConnectionString::forCatalogue(catalogue.path()));
     const QString sql = JetSql::toSqlite(bookSource);
+    const QString keysSql = JetSql::toSqlite(u"select BookID from tblBook order by bookdescription"_s);
 
     const double rawMs = bestMilliseconds(5, [&] { readRaw(connection.database(), sql); });
+    // The least SQL behind an open record set: its keys in order, and the first row's fields.
+    const double rawKeysMs = bestMilliseconds(5, [&] { readRaw(connection.database(), keysSql); });
+    const double rawFirstMs = bestMilliseconds(5, [&] {
+        readRaw(connection.database(), keysSql);
+        readRaw(connection.database(), sql + u" limit 1"_s);
+    });
     std::unique_ptr<Recordset> rs;
     const double openMs = bestMilliseconds(5, [&] { rs = connection.execute(bookSource); });
     std::printf("%d books, %d rows\n", books, rs->recordCount());
-    reportFigure("open the book form's record set", openMs, rawMs, "ms");
+    reportFigure("open the book form's record set", openMs, rawKeysMs, "ms");
     const double firstRowMs = bestMilliseconds(5, [&] {
         rs = connection.execute(bookSource);
         rs->value(u"BookDescription"_s);
     });
-    reportFigure("open, to the first book's fields", firstRowMs, rawMs, "ms");
+    reportFigure("open, to the first book's fields", firstRowMs, rawFirstMs, "ms");
     const double rawKiB = double(valueBytes(connection.database(), sql)) / 1024.0;
     reportFigure("bytes held after open (raw: text and numbers)", double(rs->bytesHeld()) / 1024.0,
                  rawKiB, "KiB");
@@ -119,7 +126,7 @@ int main(int argc, char **argv)
     reportFigure("Find by key, each", findsMs / finds, rawFindsMs / finds, "ms");
 
     const double requeryMs = bestMilliseconds(5, [&] { rs->requery(); });
-    reportFigure("Requery", requeryMs, rawMs, "ms");
+    reportFigure("Requery", requeryMs, rawKeysMs, "ms");
     double requeryAfterAddMs = std::numeric_limits<double>::max();
     for (int run = 0; run < 5; ++run) {
         rs->addNew();
@@ -130,6 +137,6 @@ int main(int argc, char **argv)
                                          rs->value(u"BookDescription"_s);
                                      }));
     }
-    reportFigure("Requery after an add, to the first book", requeryAfterAddMs, rawMs, "ms");
+    reportFigure("Requery after an add, to the first book", requeryAfterAddMs, rawFirstMs, "ms");
     return 0;
 }

@@ -2,9 +2,13 @@
 
 #include "catalogue/session.h"
 #include "data/connection.h"
+#include "data/jetsql.h"
+#include "forms/books/linksides.h"
 #include "forms/registerforms.h"
 
 #include <QSettings>
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QToolButton>
 
 #include <cstdio>
@@ -61,4 +65,25 @@ void BenchProgram::showBooks()
 QSqlDatabase BenchProgram::database()
 {
     return m_frame.session().cnnCatalogue->database();
+}
+
+void readBookLinks(const QSqlDatabase &db, const QString &book)
+{
+    for (const LinkSideTexts &side : LinkSides())
+        readAll(db, side.listSource + book);
+}
+
+void readFirstBookShown(const QSqlDatabase &db, const QString &bookRows)
+{
+    readAll(db, u"select count(*) from ("_s + bookRows + u")"_s);
+    QSqlQuery first(db);
+    first.setForwardOnly(true);
+    first.exec(JetSql::toSqlite(bookRows + u" limit 1"_s));
+    if (!first.next())
+        return;
+    for (int c = 0; c < first.record().count(); ++c)
+        first.value(c);
+    readAll(db, u"select PublisherName from tblPublisher where PublisherID = "_s
+                    + first.value(u"BookPublisherID"_s).toString());
+    readBookLinks(db, first.value(u"BookID"_s).toString());
 }

@@ -44,3 +44,10 @@ private:
     BenchCatalogue m_catalogue;
     MainFrame m_frame;
 };
+
+// The least SQL behind the book form showing one book's authors and topics.
+void readBookLinks(const QSqlDatabase &db, const QString &book);
+// The least SQL behind a book form showing the first book of its rows (a Jet select with its
+// ORDER BY): how many books there are, the first of them with its publisher's name, and that
+// book's topics and authors.
+void readFirstBookShown(const QSqlDatabase &db, const QString &bookRows);

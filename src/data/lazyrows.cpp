@@ -3,6 +3,7 @@
 #include "data/connection.h"
 #include "data/providererror.h"
 #include "data/rowstore.h"
+#include "data/sqlitestatement.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -21,6 +22,35 @@ QString quoted(const QString &identifier)
     return u'"' + QString(identifier).replace(u'"', u"\"\""_s) + u'"';
 }
 
+// Anything that could make a row appear twice, or its place depend on other rows.
+bool unsafe(const QString &select)
+{
+    static const QRegularExpression words(
+        uR"(\b(distinct|group|having|limit|offset|union|intersect|except|select\s.*\bselect)\b)"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    return words.match(select).hasMatch();
+}
+
+// An order that a key query can keep as it is: no computed terms, and no term naming a
+// column by its place, which would name another column of the key query.
+bool plainOrder(const QString &order)
+{
+    static const QRegularExpression position(uR"((^|,)\s*\d+\b)"_s);
+    return !order.contains(u'(') && !position.match(order).hasMatch();
+}
+
+// Every field is the table's own: "<table>.*" or "<table>.<column>".
+bool fieldsOfTable(const QString &fields, const QString &table)
+{
+    static const QRegularExpression field(
+        uR"re(^\s*"?([A-Za-z_][A-Za-z0-9_]*)"?\s*\.\s*(\*|"?[A-Za-z_][A-Za-z0-9_]*"?)\s*$)re"_s);
+    const QStringList items = fields.split(u',');
+    return std::all_of(items.cbegin(), items.cend(), [&](const QString &item) {
+        const QRegularExpressionMatch m = field.match(item);
+        return m.hasMatch() && m.captured(1).compare(table, Qt::CaseInsensitive) == 0;
+    });
+}
+
 } // namespace
 
 std::optional<LazyRows> LazyRows::forSelect(const QString &select)
@@ -28,55 +58,82 @@ std::optional<LazyRows> LazyRows::forSelect(const QString &select)
     static const QRegularExpression form(
         uR"re(^\s*select\s+(.+?)\s+from\s+"?([A-Za-z_][A-Za-z0-9_]*)"?\s+(?:where\s+(.+?)\s+)?order\s+by\s+(.+?)\s*;?\s*$)re"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-    // Anything that could make a row appear twice, or its place depend on other rows.
-    static const QRegularExpression unsafe(
-        uR"(\b(distinct|join|group|having|limit|offset|union|intersect|except|select\s.*\bselect)\b)"_s,
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression join(uR"(\bjoin\b)"_s, QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch m = form.match(select);
-    if (!m.hasMatch() || unsafe.match(select).hasMatch() || m.captured(1).contains(u'(')
-        || m.captured(4).contains(u'('))
+    if (!m.hasMatch() || unsafe(select) || join.match(select).hasMatch()
+        || m.captured(1).contains(u'(') || !plainOrder(m.captured(4)))
         return std::nullopt;
     LazyRows rows;
     rows.m_fields = m.captured(1);
     rows.m_table = m.captured(2);
+    rows.m_from = quoted(rows.m_table);
     rows.m_where = m.captured(3);
     rows.m_order = m.captured(4);
     return rows;
 }
 
-std::optional<QStringList> LazyRows::fieldNames(Connection &connection) const
+std::optional<LazyRows> LazyRows::forJoin(const QString &select)
 {
-    QSqlQuery query(connection.database());
-    query.setForwardOnly(true);
-    if (!query.exec(u"SELECT "_s + m_fields + u" FROM "_s + quoted(m_table) + u" LIMIT 0"_s))
+    static const QRegularExpression form(
+        uR"re(^\s*select\s+(.+?)\s+from\s+("?([A-Za-z_][A-Za-z0-9_]*)"?(?:\s*,|\s+(?:(?:inner|cross|left(?:\s+outer)?)\s+)?join\s).+?)\s+(?:where\s+(.+?)\s+)?order\s+by\s+(.+?)\s*;?\s*$)re"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch m = form.match(select);
+    // Text in quotes could hold a word that splits the select elsewhere than it reads.
+    if (!m.hasMatch() || unsafe(select) || select.contains(u'\'')
+        || !fieldsOfTable(m.captured(1), m.captured(3)) || !plainOrder(m.captured(5)))
         return std::nullopt;
-    const QSqlRecord record = query.record();
-    QStringList names;
-    for (int i = 0; i < record.count(); ++i)
-        names << record.fieldName(i);
+    LazyRows rows;
+    rows.m_fields = m.captured(1);
+    rows.m_from = m.captured(2);
+    rows.m_table = m.captured(3);
+    rows.m_where = m.captured(4);
+    rows.m_pageWhere = rows.m_where;
+    rows.m_order = m.captured(5);
+    return rows;
+}
+
+std::optional<QStringList> LazyRows::fieldNames(Connection &connection)
+{
+    const std::unique_ptr<SqliteStatement> fields = SqliteStatement::tryPrepare(
+        connection, u"SELECT "_s + m_fields + u" FROM "_s + m_from + u" LIMIT 0"_s);
+    const std::unique_ptr<SqliteStatement> keys = SqliteStatement::tryPrepare(
+        connection, u"SELECT name FROM pragma_table_info(?) WHERE pk > 0"_s);
+    if (!fields || !keys)
+        return std::nullopt;
+    keys->bind(1, m_table);
+    if (!keys->next())
+        return std::nullopt;
+    m_keyField = keys->value(0).toString();
+    if (keys->next()) // a key of several columns
+        return std::nullopt;
+    const QStringList names = fields->columnNames();
+    m_keyColumn = -1;
+    for (int i = 0; i < names.size() && m_keyColumn < 0; ++i) {
+        if (names.at(i).compare(m_keyField, Qt::CaseInsensitive) == 0)
+            m_keyColumn = i;
+    }
+    if (m_keyColumn < 0)
+        return std::nullopt;
     return names;
 }
 
-std::optional<QVariantList> LazyRows::readKeys(Connection &connection, const QString &keyField,
-                                               int keyColumn)
+std::optional<std::vector<qint64>> LazyRows::readKeys(Connection &connection)
 {
-    m_keyField = keyField;
-    m_keyColumn = keyColumn;
-    const QString key = quoted(m_table) + u'.' + quoted(keyField);
-    QSqlQuery query(connection.database());
-    query.setForwardOnly(true);
+    const QString key = quoted(m_table) + u'.' + quoted(m_keyField);
     const QString where = m_where.isEmpty() ? QString() : u" WHERE "_s + m_where;
-    if (!query.exec(u"SELECT "_s + key + u" FROM "_s + quoted(m_table) + where + u" ORDER BY "_s
-                    + m_order + u", "_s + key))
+    const std::unique_ptr<SqliteStatement> query = SqliteStatement::tryPrepare(
+        connection, u"SELECT "_s + key + u" FROM "_s + m_from + where + u" ORDER BY "_s + m_order
+                        + u", "_s + key);
+    if (!query)
         return std::nullopt;
     // Whole-number keys only: a row is found by its key as a number.
-    QVariantList keys;
-    while (query.next()) {
-        keys.append(query.value(0));
-        if (keys.constLast().typeId() != QMetaType::LongLong)
+    std::vector<qint64> keys;
+    while (query->next()) {
+        if (!query->isInteger(0))
             return std::nullopt;
+        keys.push_back(query->integer(0));
     }
-    m_read.assign(std::size_t(keys.size()), false);
+    m_read.assign(keys.size(), false);
     m_unread = int(keys.size());
     m_run = PageRows;
     return keys;
@@ -92,36 +149,36 @@ void LazyRows::readPage(Connection &connection, RowStore &store, int row)
     const int first = scanning ? row : row - row % PageRows;
     const int end = std::min(count, first + m_run);
 
-    // The page's keys go in as one bound list of whole numbers, however long the page.
-    QHash<qint64, int> rowOfKey;
+    // The page's keys go in as one bound list of whole numbers, however long the page. A
+    // join may give one key to several rows.
+    std::vector<std::pair<qint64, int>> rowsOfKey;
     QByteArray keys = "[";
     for (int r = first; r < end; ++r) {
         if (m_read[std::size_t(r)])
             continue;
         const qint64 key = store.value(r, m_keyColumn).toLongLong();
-        rowOfKey.insert(key, r);
+        rowsOfKey.emplace_back(key, r);
         if (keys.size() > 1)
             keys += ',';
         keys += QByteArray::number(key);
     }
     keys += ']';
-    QSqlQuery query(connection.database());
-    query.setForwardOnly(true);
-    if (!query.prepare(u"SELECT "_s + m_fields + u" FROM "_s + quoted(m_table) + u" WHERE "_s
-                       + quoted(m_table) + u'.' + quoted(m_keyField)
-                       + u" IN (SELECT value FROM json_each(?))"_s))
-        connection.fail(ProviderError::fromSqlError(query.lastError()));
-    query.addBindValue(QString::fromLatin1(keys));
-    if (!query.exec())
-        connection.fail(ProviderError::fromSqlError(query.lastError()));
-    const int columns = store.columnCount();
-    QVariantList values(columns);
+    std::sort(rowsOfKey.begin(), rowsOfKey.end());
+    const QString where = m_pageWhere.isEmpty() ? QString() : u"("_s + m_pageWhere + u") AND "_s;
+    SqliteStatement query(connection, u"SELECT "_s + m_fields + u" FROM "_s + m_from
+                                          + u" WHERE "_s + where + quoted(m_table) + u'.'
+                                          + quoted(m_keyField)
+                                          + u" IN (SELECT value FROM json_each(?))"_s);
+    query.bind(1, QString::fromLatin1(keys));
     while (query.next()) {
-        for (int c = 0; c < columns; ++c)
-            values[c] = query.value(c);
-        const int r = rowOfKey.value(values.at(m_keyColumn).toLongLong(), -1);
-        if (r >= 0)
-            store.setRow(r, values);
+        const auto [from, to] = std::equal_range(
+            rowsOfKey.begin(), rowsOfKey.end(), std::pair(query.integer(m_keyColumn), 0),
+            [](const auto &a, const auto &b) { return a.first < b.first; });
+        if (from == to)
+            continue;
+        const std::span<const RowStore::Cell> cells = query.cells();
+        for (auto it = from; it != to; ++it)
+            store.setRow(it->second, cells);
     }
     for (int r = first; r < end; ++r) {
         if (!m_read[std::size_t(r)]) {

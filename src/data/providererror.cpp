@@ -10,10 +10,9 @@ namespace {
 constexpr int SqliteBusy = 5;
 constexpr int SqliteLocked = 6;
 
-int numberFor(const QSqlError &error)
+int numberFor(const QString &text, int sqliteCode)
 {
-    const QString text = error.databaseText();
-    const int code = error.nativeErrorCode().toInt() & 0xff;
+    const int code = sqliteCode & 0xff;
     if (text.contains(u"UNIQUE constraint failed"_s) || text.contains(u"PRIMARY KEY"_s))
         return ProviderErrorNumber::DuplicateKey;
     if (text.contains(u"FOREIGN KEY constraint failed"_s))
@@ -30,11 +29,17 @@ int numberFor(const QSqlError &error)
 
 ProviderError ProviderError::fromSqlError(const QSqlError &error)
 {
-    const int number = numberFor(error);
+    const int number = numberFor(error.databaseText(), error.nativeErrorCode().toInt());
     QString description = error.databaseText();
     if (description.isEmpty())
         description = error.text();
     return ProviderError{number, QString::number(number), description};
+}
+
+ProviderError ProviderError::fromSqlite(int code, const QString &message)
+{
+    const int number = numberFor(message, code);
+    return ProviderError{number, QString::number(number), message};
 }
 
 ProviderError ProviderError::general(int number, const QString &description)

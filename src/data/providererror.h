@@ -14,6 +14,8 @@ struct ProviderError
     QString description;
 
     static ProviderError fromSqlError(const QSqlError &error);
+    // A result code and message of SQLite itself, for statements read straight from it.
+    static ProviderError fromSqlite(int code, const QString &message);
     // Errors of this layer itself (a bad criterion, a move past the end, ...).
     static ProviderError general(int number, const QString &description);
 };

@@ -38,10 +38,11 @@ Recordset::Recordset()
 Recordset::~Recordset() = default;
 
 std::unique_ptr<Recordset> Recordset::open(Connection &connection, const QString &commandText,
-                                           CommandType type)
+                                           CommandType type, Reading reading)
 {
     std::unique_ptr<Recordset> rs(new Recordset);
     rs->d->connection = &connection;
+    rs->d->readWhole = reading == Reading::Whole;
     rs->d->sql = type == CommandType::Text ? JetSql::toCollatedSqlite(commandText)
                                            : u"SELECT * FROM "_s + commandText;
     rs->d->fetch();
@@ -167,8 +168,8 @@ bool Recordset::find(const QString &criterion, int skip, bool forward)
     start += forward ? skip : -skip;
 
     int found = -1;
-    const bool byKey = d->writer && column == d->writer->keyColumn()
-        && wanted.op == FindCriterion::Op::Equal && wanted.value.typeId() == QMetaType::LongLong;
+    const bool byKey = column == d->keyColumn() && wanted.op == FindCriterion::Op::Equal
+        && wanted.value.typeId() == QMetaType::LongLong && d->eachKeyOnce();
     if (byKey) {
         const int row = d->rowOf(wanted.value.toLongLong());
         if (row >= 0 && (forward ? row >= start : row <= start))
@@ -232,7 +233,7 @@ QVariant Recordset::valueAt(int row, int field) const
 {
     if (d->mode != EditMode::None && row == d->pos)
         return d->pending.value(field);
-    if (!d->writer || field != d->writer->keyColumn())
+    if (field != d->keyColumn())
         d->read(row);
     return d->store.value(row, field);
 }
@@ -241,7 +242,7 @@ int Recordset::firstRowShowing(int field, const QString &text, Qt::CaseSensitivi
 {
     d->checkField(field);
     std::optional<QVariantList> keys;
-    if (d->lazy && d->writer && field != d->writer->keyColumn())
+    if (d->lazy && field != d->lazy->keyColumn())
         keys = d->lazy->keysMaybeWithText(*d->connection, d->fields.at(field), text, cs);
     QSet<int> candidates;
     if (keys)

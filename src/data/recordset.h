@@ -33,9 +33,14 @@ public:
 
     using Bookmark = qint64;
 
+    // How the rows are read: as visited where the select allows it, or every row at once,
+    // for a caller that visits them all.
+    enum class Reading { AsVisited, Whole };
+
     // Runs a select (through the Jet SQL translator) on the connection. Throws ProviderError.
     static std::unique_ptr<Recordset> open(Connection &connection, const QString &commandText,
-                                           CommandType type = CommandType::Text);
+                                           CommandType type = CommandType::Text,
+                                           Reading reading = Reading::AsVisited);
     // A read-only record set over rows already in hand (the chapters of a shaped command).
     static std::unique_ptr<Recordset> fromRows(const QStringList &fieldNames,
                                                const QList<QVariantList> &rows);

@@ -1,16 +1,18 @@
 #include "data/recordsetprivate.h"
 
 #include "data/providererror.h"
-
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QSqlRecord>
+#include "data/sqlitestatement.h"
 
 using namespace Qt::StringLiterals;
 
 void Recordset::Private::fetch()
 {
-    lazy = LazyRows::forSelect(sql);
+    lazy.reset();
+    if (!readWhole) {
+        lazy = LazyRows::forSelect(sql);
+        if (!lazy)
+            lazy = LazyRows::forJoin(sql);
+    }
     if (lazy && fetchKeys())
         return;
     lazy.reset();
@@ -20,53 +22,43 @@ void Recordset::Private::fetch()
 // Reads only the keys, in order, when the select is over one table with a key.
 bool Recordset::Private::fetchKeys()
 {
-    const std::optional<QStringList> found = lazy->fieldNames(*connection);
-    if (!found)
+    const std::optional<QStringList> names = lazy->fieldNames(*connection);
+    if (!names)
         return false;
-    const QStringList &names = *found;
-    writer = TableWriter::forSelect(connection->database(), sql, names);
-    if (!writer)
-        return false;
-    const std::optional<QVariantList> keys =
-        lazy->readKeys(*connection, writer->keyField(), writer->keyColumn());
+    const std::optional<std::vector<qint64>> keys = lazy->readKeys(*connection);
     if (!keys)
         return false;
-    setFields(names);
+    setFields(*names);
+    writer = TableWriter::forSelect(connection->database(), sql, fields);
+    store.appendKeyRows(lazy->keyColumn(), *keys);
     serials.clear();
-    serials.reserve(std::size_t(keys->size()));
-    QVariantList values(names.size());
-    for (const QVariant &key : *keys) {
-        values[writer->keyColumn()] = key;
-        appendRow(values);
-    }
+    serials.reserve(keys->size());
+    for (std::size_t i = 0; i < keys->size(); ++i)
+        serials.push_back(nextSerial++);
     keyIndexValid = false;
     return true;
 }
 
 void Recordset::Private::fetchAll()
 {
-    QSqlQuery query(connection->database());
-    query.setForwardOnly(true);
-    if (!query.exec(sql))
-        connection->fail(ProviderError::fromSqlError(query.lastError()));
-    const QSqlRecord record = query.record();
-    QStringList names;
-    for (int i = 0; i < record.count(); ++i)
-        names << record.fieldName(i);
-    setFields(names);
+    SqliteStatement query(*connection, sql);
+    setFields(query.columnNames());
     serials.clear();
-    const int columns = int(names.size());
-    QVariantList values;
     while (query.next()) {
-        values.resize(columns);
-        for (int i = 0; i < columns; ++i)
-            values[i] = query.value(i);
-        appendRow(values);
+        store.appendRow(query.cells());
+        serials.push_back(nextSerial++);
     }
     store.squeeze();
     serials.shrink_to_fit();
     writer = TableWriter::forSelect(connection->database(), sql, fields);
     keyIndexValid = false;
+}
+
+int Recordset::Private::keyColumn() const
+{
+    if (lazy)
+        return lazy->keyColumn();
+    return writer ? writer->keyColumn() : -1;
 }
 
 int Recordset::Private::field(const QString &name) const
@@ -92,12 +84,19 @@ int Recordset::Private::rowOf(qint64 key) const
     if (!keyIndexValid) {
         keyIndex.clear();
         keyIndex.reserve(count());
-        const int column = writer->keyColumn();
+        const int column = keyColumn();
         for (int r = count() - 1; r >= 0; --r)
             keyIndex.insert(store.value(r, column).toLongLong(), r);
+        keysUnique = keyIndex.size() == count();
         keyIndexValid = true;
     }
     return keyIndex.value(key, -1);
+}
+
+bool Recordset::Private::eachKeyOnce() const
+{
+    rowOf(0);
+    return keysUnique;
 }
 
 void Recordset::Private::setFields(const QStringList &names)

@@ -13,12 +13,13 @@
 #include <vector>
 
 // What a record set holds: its rows, read all at once or, for an ordered select over one
-// table, by their keys first and their fields as the rows are visited; its position; the
-// record being edited; and the key index Find uses.
+// table (alone or joined with others), by their keys first and their fields as the rows are
+// visited; its position; the record being edited; and the key index Find uses.
 struct Recordset::Private
 {
     Connection *connection = nullptr;
     QString sql;
+    bool readWhole = false; // every row at once, even where they could be read as visited
     bool open = false;
     QStringList fields;
     QHash<QString, int> fieldByName; // lower-case name to index
@@ -33,8 +34,9 @@ struct Recordset::Private
     QVariantList pending;
     int rowBeforeAdd = -1;
     std::optional<TableWriter> writer;
-    mutable QHash<qint64, int> keyIndex;
+    mutable QHash<qint64, int> keyIndex; // each key's first row
     mutable bool keyIndexValid = false;
+    mutable bool keysUnique = true;
 
     int count() const { return store.rowCount(); }
     bool onRow() const { return open && !gap && pos >= 0 && pos < count(); }
@@ -49,9 +51,15 @@ struct Recordset::Private
     bool fetchKeys();
     void fetchAll();
 
+    // The column of the key rows are found by: the lazy rows' key, else the written table's;
+    // -1 when there is none.
+    int keyColumn() const;
+
     // A field by name or position; an unknown one is ADO's "Item cannot be found".
     int field(const QString &name) const;
     void checkField(int index) const;
-    // The row of a key, through an index built at the first use after the rows changed.
+    // The first row of a key, through an index built at the first use after the rows changed.
     int rowOf(qint64 key) const;
+    // Whether no key is on two rows (a join can give a row twice).
+    bool eachKeyOnce() const;
 };

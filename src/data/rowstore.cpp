@@ -6,8 +6,29 @@ void RowStore::reset(int columnCount)
     m_rowCount = 0;
 }
 
-RowStore::Kind RowStore::kindOf(const QVariant &value)
+RowStore::Kind RowStore::kindOf(const Cell &cell)
 {
+    switch (cell.type) {
+    case Cell::Type::Null:
+        return Kind::Unset;
+    case Cell::Type::Integer:
+        return Kind::Integer;
+    case Cell::Type::Real:
+        return Kind::Real;
+    case Cell::Type::Text:
+        return Kind::Text;
+    case Cell::Type::Other:
+        break;
+    }
+    return Kind::Variant;
+}
+
+RowStore::Cell RowStore::cellOf(const QVariant &value, QByteArray &utf8)
+{
+    Cell cell;
+    cell.other = value; // what a mixed column keeps, as given
+    if (value.isNull())
+        return cell;
     switch (value.typeId()) {
     case QMetaType::Bool:
     case QMetaType::Int:
@@ -15,15 +36,42 @@ RowStore::Kind RowStore::kindOf(const QVariant &value)
     case QMetaType::LongLong:
     case QMetaType::Short:
     case QMetaType::UShort:
-        return Kind::Integer;
+        cell.type = Cell::Type::Integer;
+        cell.integer = value.toLongLong();
+        break;
     case QMetaType::Double:
     case QMetaType::Float:
-        return Kind::Real;
+        cell.type = Cell::Type::Real;
+        cell.real = value.toDouble();
+        break;
     case QMetaType::QString:
-        return Kind::Text;
+        utf8 = value.toString().toUtf8();
+        cell.type = Cell::Type::Text;
+        cell.text = utf8;
+        break;
     default:
-        return Kind::Variant;
+        cell.type = Cell::Type::Other;
+        break;
     }
+    return cell;
+}
+
+QVariant RowStore::variantOf(const Cell &cell)
+{
+    if (cell.other.isValid())
+        return cell.other;
+    switch (cell.type) {
+    case Cell::Type::Integer:
+        return QVariant(cell.integer);
+    case Cell::Type::Real:
+        return QVariant(cell.real);
+    case Cell::Type::Text:
+        return QString::fromUtf8(cell.text);
+    case Cell::Type::Null:
+    case Cell::Type::Other:
+        break;
+    }
+    return cell.other;
 }
 
 QVariant RowStore::value(int row, int column) const
@@ -102,39 +150,36 @@ void RowStore::widen(Column &column, Kind kind, int rows)
     column.variants = std::move(variants);
 }
 
-void RowStore::store(Column &column, int row, const QVariant &value)
+void RowStore::store(Column &column, int row, const Cell &cell)
 {
     const auto r = std::size_t(row);
     if (column.kind == Kind::Variant) {
-        column.variants[r] = value;
+        column.variants[r] = variantOf(cell);
         return;
     }
-    const bool null = value.isNull();
+    const bool null = cell.type == Cell::Type::Null;
     column.isNull[r] = null;
     if (null)
         return;
     switch (column.kind) {
     case Kind::Integer:
-        column.integers[r] = value.toLongLong();
+        column.integers[r] = cell.integer;
         break;
     case Kind::Real:
-        column.reals[r] = value.toDouble();
+        column.reals[r] = cell.type == Cell::Type::Integer ? double(cell.integer) : cell.real;
         break;
-    case Kind::Text: {
-        const QByteArray utf8 = value.toString().toUtf8();
-        column.texts[r] = TextRef{std::uint32_t(column.pool.size()), std::uint32_t(utf8.size())};
-        column.pool.append(utf8);
+    case Kind::Text:
+        column.texts[r] = TextRef{std::uint32_t(column.pool.size()), std::uint32_t(cell.text.size())};
+        column.pool.append(cell.text);
         break;
-    }
     default:
         break;
     }
 }
 
-void RowStore::appendCell(Column &column, const QVariant &value)
+void RowStore::appendCell(Column &column, const Cell &cell)
 {
-    if (!value.isNull())
-        widen(column, kindOf(value), m_rowCount);
+    widen(column, kindOf(cell), m_rowCount);
     switch (column.kind) {
     case Kind::Variant:
         column.variants.emplace_back();
@@ -154,29 +199,89 @@ void RowStore::appendCell(Column &column, const QVariant &value)
     if (column.kind != Kind::Variant)
         column.isNull.push_back(true);
     if (column.kind != Kind::Unset)
-        store(column, m_rowCount, value);
+        store(column, m_rowCount, cell);
 }
 
 void RowStore::appendRow(const QVariantList &values)
 {
+    QByteArray utf8;
     for (int c = 0; c < columnCount(); ++c)
-        appendCell(m_columns[std::size_t(c)], c < values.size() ? values.at(c) : QVariant());
+        appendCell(m_columns[std::size_t(c)], cellOf(values.value(c), utf8));
     ++m_rowCount;
+}
+
+void RowStore::appendRow(std::span<const Cell> cells)
+{
+    for (int c = 0; c < columnCount(); ++c)
+        appendCell(m_columns[std::size_t(c)], std::size_t(c) < cells.size() ? cells[c] : Cell{});
+    ++m_rowCount;
+}
+
+void RowStore::appendKeyRows(int keyColumn, std::span<const qint64> keys)
+{
+    const std::size_t rows = std::size_t(m_rowCount) + keys.size();
+    for (int c = 0; c < columnCount(); ++c) {
+        Column &column = m_columns[std::size_t(c)];
+        if (c == keyColumn && !keys.empty())
+            widen(column, Kind::Integer, m_rowCount);
+        switch (column.kind) {
+        case Kind::Variant:
+            column.variants.resize(rows);
+            break;
+        case Kind::Integer:
+            column.integers.resize(rows);
+            break;
+        case Kind::Real:
+            column.reals.resize(rows);
+            break;
+        case Kind::Text:
+            column.texts.resize(rows);
+            break;
+        case Kind::Unset:
+            break;
+        }
+        if (column.kind != Kind::Variant)
+            column.isNull.resize(rows, c != keyColumn);
+    }
+    const int first = m_rowCount;
+    m_rowCount = int(rows);
+    if (keyColumn < 0 || keyColumn >= columnCount())
+        return;
+    Column &column = m_columns[std::size_t(keyColumn)];
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const std::size_t r = std::size_t(first) + i;
+        if (column.kind == Kind::Integer)
+            column.integers[r] = keys[i];
+        else
+            store(column, int(r), Cell{Cell::Type::Integer, keys[i], 0, {}, {}});
+    }
+}
+
+void RowStore::setCell(int row, int column, const Cell &cell)
+{
+    Column &c = m_columns[std::size_t(column)];
+    widen(c, kindOf(cell), m_rowCount);
+    if (c.kind != Kind::Unset)
+        store(c, row, cell);
 }
 
 void RowStore::setValue(int row, int column, const QVariant &value)
 {
-    Column &c = m_columns[std::size_t(column)];
-    if (!value.isNull())
-        widen(c, kindOf(value), m_rowCount);
-    if (c.kind != Kind::Unset)
-        store(c, row, value);
+    QByteArray utf8;
+    setCell(row, column, cellOf(value, utf8));
 }
 
 void RowStore::setRow(int row, const QVariantList &values)
 {
+    QByteArray utf8;
     for (int c = 0; c < columnCount(); ++c)
-        setValue(row, c, c < values.size() ? values.at(c) : QVariant());
+        setCell(row, c, cellOf(values.value(c), utf8));
+}
+
+void RowStore::setRow(int row, std::span<const Cell> cells)
+{
+    for (int c = 0; c < columnCount(); ++c)
+        setCell(row, c, std::size_t(c) < cells.size() ? cells[c] : Cell{});
 }
 
 void RowStore::removeRow(int row)

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -41,30 +42,76 @@ int columnOf(const Recordset &rows, const QString &column, const QString &clause
     return index;
 }
 
-// Values the catalogue counts as equal share a key: text in any letter case, and whole
-// numbers whether they come as integers or as reals.
-QString matchKey(const QVariant &value)
+// A whole number, whether it comes as an integer or as a real; none for anything else.
+std::optional<qint64> wholeNumber(const QVariant &value)
 {
-    if (value.isNull())
-        return u"~"_s;
     switch (value.typeId()) {
     case QMetaType::Bool:
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
-        return u"#"_s + QString::number(value.toLongLong());
+        return value.toLongLong();
     case QMetaType::Float:
     case QMetaType::Double: {
         constexpr double exactIntegers = 9.0e15;
         const double number = value.toDouble();
         if (number == std::trunc(number) && std::abs(number) < exactIntegers)
-            return u"#"_s + QString::number(qint64(number));
-        return u"#"_s + QString::number(number, 'g', 17);
+            return qint64(number);
+        return std::nullopt;
     }
+    default:
+        return std::nullopt;
+    }
+}
+
+// Values the catalogue counts as equal share a key: text in any letter case, and whole
+// numbers whether they come as integers or as reals.
+QString matchKey(const QVariant &value)
+{
+    if (value.isNull())
+        return u"~"_s;
+    if (const std::optional<qint64> number = wholeNumber(value))
+        return u"#"_s + QString::number(*number);
+    switch (value.typeId()) {
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return u"#"_s + QString::number(value.toDouble(), 'g', 17);
     default:
         return u"'"_s + value.toString().toCaseFolded();
     }
+}
+
+// For every parent row, the child rows whose value matches its own (a Null matches nothing):
+// the child rows are indexed by their key once.
+template<typename Key, typename KeyOf>
+QList<QList<int>> matchedRows(const Recordset &parentRows, int parentColumn,
+                              const Recordset &childRows, int childColumn, KeyOf keyOf)
+{
+    QHash<Key, QList<int>> childRowsByKey;
+    for (int r = 0; r < childRows.recordCount(); ++r) {
+        if (const std::optional<Key> key = keyOf(childRows.valueAt(r, childColumn)))
+            childRowsByKey[*key].append(r);
+    }
+    QList<QList<int>> matched;
+    matched.reserve(parentRows.recordCount());
+    for (int r = 0; r < parentRows.recordCount(); ++r) {
+        const std::optional<Key> key = keyOf(parentRows.valueAt(r, parentColumn));
+        matched.append(key ? childRowsByKey.value(*key) : QList<int>());
+    }
+    return matched;
+}
+
+// Whether every value of a column that is not Null is a whole number, as keys nearly always
+// are: they are then matched as numbers, which is much quicker than through their text.
+bool wholeNumbersOnly(const Recordset &rows, int column)
+{
+    for (int r = 0; r < rows.recordCount(); ++r) {
+        const QVariant value = rows.valueAt(r, column);
+        if (!value.isNull() && !wholeNumber(value))
+            return false;
+    }
+    return true;
 }
 
 std::shared_ptr<ShapeLevel> runSource(Connection &connection, const ShapeSource &source)
@@ -72,7 +119,9 @@ std::shared_ptr<ShapeLevel> runSource(Connection &connection, const ShapeSource 
     if (source.nested)
         return runShape(connection, *source.nested);
     auto level = std::make_shared<ShapeLevel>();
-    level->rows = Recordset::open(connection, source.selectText);
+    // Every row is related, so every row is read.
+    level->rows = Recordset::open(connection, source.selectText, CommandType::Text,
+                                  Recordset::Reading::Whole);
     return level;
 }
 
@@ -98,18 +147,16 @@ ShapeLevel::Chapter relate(const ShapeLevel &parent, const QString &parentAlias,
     const int parentColumn = columnOf(parentRows, child.relateColumn, u"RELATE"_s, parentAlias);
     const int childColumn = columnOf(childRows, child.toColumn, u"TO"_s, child.alias);
 
-    QHash<QString, QList<int>> childRowsByKey;
-    for (int r = 0; r < childRows.recordCount(); ++r) {
-        const QVariant value = childRows.valueAt(r, childColumn);
-        if (!value.isNull())
-            childRowsByKey[matchKey(value)].append(r);
-    }
     ShapeLevel::Chapter chapter{child.chapterName, std::move(childLevel), {}};
-    chapter.childRowsOf.reserve(parentRows.recordCount());
-    for (int r = 0; r < parentRows.recordCount(); ++r) {
-        const QVariant value = parentRows.valueAt(r, parentColumn);
-        chapter.childRowsOf.append(value.isNull() ? QList<int>()
-                                                  : childRowsByKey.value(matchKey(value)));
+    if (wholeNumbersOnly(childRows, childColumn)) {
+        chapter.childRowsOf = matchedRows<qint64>(parentRows, parentColumn, childRows,
+                                                  childColumn, wholeNumber);
+    } else {
+        chapter.childRowsOf = matchedRows<QString>(
+            parentRows, parentColumn, childRows, childColumn,
+            [](const QVariant &value) -> std::optional<QString> {
+                return value.isNull() ? std::nullopt : std::optional(matchKey(value));
+            });
     }
     return chapter;
 }

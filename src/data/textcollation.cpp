@@ -196,6 +196,45 @@ int DictionaryOrder::compareUtf8(const char *a, int aBytes, const char *b, int b
     return order != 0 ? order : byteOrder(a, aBytes, b, bBytes);
 }
 
+// ICU's key (it ends in its only zero byte), then the text's UTF-16 units big-end first for
+// the texts ICU finds equal; under the C locale, the UTF-8 bytes with A-Z folded as SQLite's
+// NOCASE folds them, a zero byte, then the bytes as they are.
+QByteArray DictionaryOrder::sortKey(QStringView text) const
+{
+    QByteArray key;
+    if (!m_collator) {
+        const QByteArray utf8 = text.toUtf8();
+        key.reserve(2 * utf8.size() + 1);
+        for (const char byte : utf8)
+            key.append(byte >= 'A' && byte <= 'Z' ? char(byte + ('a' - 'A')) : byte);
+        key.append('\0');
+        key.append(utf8);
+        return key;
+    }
+    const auto *units = reinterpret_cast<const UChar *>(text.utf16());
+    key.resize(4 * text.size() + 16);
+    int length = ucol_getSortKey(m_collator.get(), units, int32_t(text.size()),
+                                 reinterpret_cast<uint8_t *>(key.data()), int32_t(key.size()));
+    if (length > key.size()) {
+        key.resize(length);
+        length = ucol_getSortKey(m_collator.get(), units, int32_t(text.size()),
+                                 reinterpret_cast<uint8_t *>(key.data()), int32_t(key.size()));
+    }
+    key.resize(length);
+    key.reserve(length + 2 * text.size());
+    for (const QChar unit : text) {
+        key.append(char(unit.unicode() >> 8));
+        key.append(char(unit.unicode() & 0xFF));
+    }
+    return key;
+}
+
+bool DictionaryOrder::keyLess(const QByteArray &a, const QByteArray &b)
+{
+    const int order = std::memcmp(a.constData(), b.constData(), size_t(std::min(a.size(), b.size())));
+    return order != 0 ? order < 0 : a.size() < b.size();
+}
+
 LikePattern::LikePattern(QStringView pattern, QChar escape)
     : m_escape(escape)
 {

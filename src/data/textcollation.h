@@ -46,6 +46,12 @@ public:
     // Negative, zero or positive as a sorts before, with or after b.
     int compare(QStringView a, QStringView b) const;
     int compareUtf8(const char *a, int aBytes, const char *b, int bBytes) const;
+    // Bytes whose order (as unsigned bytes, a shorter run of the same bytes first; see
+    // keyLess) is the order compare() gives, for sorting many texts: each text is read once,
+    // and sorting compares bytes. Under the C locale a text holding a Null character may
+    // sort apart from where compare() puts it.
+    QByteArray sortKey(QStringView text) const;
+    static bool keyLess(const QByteArray &a, const QByteArray &b);
 
 private:
     std::shared_ptr<UCollator> m_collator; // none under the C locale

@@ -6,6 +6,7 @@
 #include "manytopics.h"
 #include "support/testcatalogue.h"
 
+#include <QLocale>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -265,6 +266,52 @@ private Q_SLOTS:
         QCOMPARE(rs.recordCount(), count);
         QCOMPARE(rs.value(u"TopicDescription"_s).toString(), u"AAA new"_s);
         QVERIFY(!rs.find(u"TopicID = "_s + deletedKey.toString()));
+    }
+
+    // A lazy record set sorts its keys itself when they are ordered by one text column; its
+    // rows come in the order SQLite gives the same select, in every locale the program may
+    // run in: Nulls first (last when descending), ties by key, letter case and accents as
+    // the locale's dictionary has them.
+    void textOrderAsSqlitesInEveryLocale_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("order");
+        for (const QString &locale : {u"en_GB"_s, u"de_DE"_s, u"sv_SE"_s, u"C"_s}) {
+            for (const QString &order :
+                 {u"TopicDescription"_s, u"TopicDescription desc"_s, u"TopicNotes"_s,
+                  u"tblTopic.TopicNotes DESC"_s}) {
+                QTest::newRow(qPrintable(locale + u", "_s + order)) << locale << order;
+            }
+        }
+    }
+
+    void textOrderAsSqlitesInEveryLocale()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, order);
+        QLocale::setDefault(QLocale(locale));
+        TestCatalogue catalogue(TestCatalogue::Content::Sample);
+        QSqlQuery insert(catalogue.db());
+        insert.prepare(u"insert into tblTopic (TopicDescription, TopicNotes) values (?, ?)"_s);
+        const QStringList texts{u"Åberg"_s, u"Abba"_s, u"abba"_s, u"Zorn"_s, u"Ödman"_s,
+                                u"Öl"_s, u"Ostern"_s, u"Müller"_s, u"Mueller"_s, u"Maße"_s,
+                                u"Masse"_s, u"Zoe\u0308"_s, u"Zoë"_s, u"\U0001F4DA Books"_s,
+                                u""_s, u" "_s, u"1984"_s, u"naïve"_s, u"naive"_s};
+        for (int i = 0; i < texts.size(); ++i) {
+            insert.addBindValue(texts.at(i));
+            insert.addBindValue(i % 4 == 0 ? QVariant() : QVariant(texts.at(texts.size() - 1 - i)));
+            QVERIFY(insert.exec());
+        }
+        Connection connection;
+        connection.open(ConnectionString::forCatalogue(catalogue.path()));
+        const QString lazy = u"select * from tblTopic order by "_s + order;
+        QVERIFY(LazyRows::forSelect(lazy).has_value());
+        const auto lazyRows = connection.execute(lazy);
+        const auto fullRows = connection.execute(
+            u"select * from tblTopic where TopicID in (select TopicID from tblTopic) order by "_s
+            + order);
+        QCOMPARE(listing(*lazyRows), listing(*fullRows));
+        QLocale::setDefault(QLocale::c());
     }
 
     // Only what can be read by key, in a fixed order, is read lazily.

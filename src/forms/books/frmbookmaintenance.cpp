@@ -135,6 +135,10 @@ void FrmBookMaintenance::bindFields()
         m_bookRows->setColumnFormat(field, FieldFormat::WholeNumber);
 
     ui->cboPublisher->setRowSource(m_publisherRows, u"PublisherName"_s, u"PublisherID"_s);
+    // Thousands of publishers are not measured one by one to size the combo: the layout gives
+    // it its width. It keeps the height of a combo without pictures.
+    ui->cboPublisher->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    ui->cboPublisher->setIconSize(QSize(0, 0));
     m_mapper = new QDataWidgetMapper(this);
     m_mapper->setModel(m_bookRows);
     m_mapper->setItemDelegate(new BoundDelegate(m_mapper));

@@ -5,6 +5,10 @@
 #include "data/shape.h"
 #include "reports/dataenvironment.h"
 
+#include <QHash>
+
+#include <bit>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,6 +34,7 @@ public:
         if (related.isEmpty())
             return {};
         QVariantList values;
+        values.reserve(m_fields.size());
         for (int field : m_fields)
             values.append(m_rows->valueAt(related.first(), field));
         return values;
@@ -59,7 +64,7 @@ public:
     {
     }
 
-    BookListingRow operator()(int row) const
+    BookListingRow operator()(int row)
     {
         const auto field = [&](int column) { return m_books.valueAt(row, column); };
         QStringList texts(BookColumn::Count);
@@ -68,7 +73,7 @@ public:
             ? u"Book has no author assigned"_s
             : author.at(0).toString() + u", "_s + author.at(1).toString();
         texts[BookColumn::Title] = field(m_title).toString();
-        texts[BookColumn::Price] = FieldFormats::display(field(m_price), FieldFormat::Money);
+        texts[BookColumn::Price] = priceText(field(m_price));
         texts[BookColumn::Condition] = field(m_condition).toString();
         texts[BookColumn::Publisher] = m_publisher.of(row).value(0).toString();
         texts[BookColumn::Published] = field(m_published).toString(); // null: empty
@@ -79,6 +84,20 @@ public:
     }
 
 private:
+    // Books share prices, and formatting an amount in the locale's way is slow beside
+    // everything else a row needs: each price is formatted once.
+    QString priceText(const QVariant &price)
+    {
+        if (price.isNull())
+            return {};
+        // By its bits: -0.0 and 0.0 may read differently.
+        const auto amount = std::bit_cast<quint64>(price.toDouble());
+        auto known = m_priceTexts.constFind(amount);
+        if (known == m_priceTexts.cend())
+            known = m_priceTexts.insert(amount, FieldFormats::display(price, FieldFormat::Money));
+        return known.value();
+    }
+
     const Recordset &m_books;
     int m_bookId;
     int m_title;
@@ -88,6 +107,7 @@ private:
     FirstRelated m_author;
     FirstRelated m_topic;
     FirstRelated m_publisher;
+    QHash<quint64, QString> m_priceTexts;
 };
 
 } // namespace
@@ -96,7 +116,7 @@ QList<BookListingRow> ReadBookDetails(const QString &cataloguePath)
 {
     const std::unique_ptr<DataEnvironment> deShelvane = PrepareDataEnvironment(cataloguePath);
     const std::unique_ptr<ShapedRecordset> books = deShelvane->runShaped(u"BookDetails"_s);
-    const ListingRowMaker listingRow(*books);
+    ListingRowMaker listingRow(*books);
     QList<BookListingRow> rows;
     const int count = books->records().recordCount();
     rows.reserve(count);

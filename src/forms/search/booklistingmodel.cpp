@@ -2,6 +2,8 @@
 
 #include "data/textcollation.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <functional>
 #include <numeric>
@@ -145,17 +147,33 @@ QList<int> BookListingModel::tickedRows() const
 void BookListingModel::sortAsText(int column, Qt::SortOrder order)
 {
     std::vector<int> &ranks = m_textRanks.at(column);
-    if (ranks.empty()) {
-        // In the order of the program's other lists: a dictionary's, in the user's language.
-        std::vector<QString> texts(m_rows.size());
-        for (qsizetype row = 0; row < m_rows.size(); ++row)
-            texts[row] = m_rows.at(row).texts.at(column);
-        const TextCollation::DictionaryOrder dictionary;
-        ranks = ranksOf(texts, [&dictionary](const QString &a, const QString &b) {
-            return dictionary.compare(a, b) < 0;
-        });
-    }
+    if (ranks.empty())
+        ranks = textRanks(column);
     reorder(sortedOrder(ranks, order));
+}
+
+// In the order of the program's other lists: a dictionary's, in the user's language. Each
+// different text of the column is keyed once, and the sort compares the keys' bytes.
+std::vector<int> BookListingModel::textRanks(int column) const
+{
+    const TextCollation::DictionaryOrder dictionary;
+    QHash<QString, int> textIndex;
+    std::vector<QByteArray> keys;
+    std::vector<int> textOfRow(m_rows.size());
+    for (qsizetype row = 0; row < m_rows.size(); ++row) {
+        const QString &text = m_rows.at(row).texts.at(column);
+        auto known = textIndex.constFind(text);
+        if (known == textIndex.cend()) {
+            known = textIndex.insert(text, int(keys.size()));
+            keys.push_back(dictionary.sortKey(text));
+        }
+        textOfRow[row] = known.value();
+    }
+    const std::vector<int> rankOfText = ranksOf(keys, &TextCollation::DictionaryOrder::keyLess);
+    std::vector<int> ranks(m_rows.size());
+    for (std::size_t row = 0; row < ranks.size(); ++row)
+        ranks[row] = rankOfText[textOfRow[row]];
+    return ranks;
 }
 
 void BookListingModel::sortByValue(int column, const std::function<double(const QString &)> &valueOf,

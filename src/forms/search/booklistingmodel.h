@@ -51,6 +51,7 @@ Q_SIGNALS:
 
 private:
     static Qt::Alignment alignment(int column);
+    std::vector<int> textRanks(int column) const;
     std::vector<int> sortedOrder(const std::vector<int> &ranks, Qt::SortOrder order) const;
     void reorder(std::vector<int> sorted);
 
