@@ -15,7 +15,7 @@ struct MoneyLocale
     QString symbol;       // strCurrencySymbol
     QString priceFormat;  // strPriceFormat
     QStringList printed;  // MoneyAmounts as the reports print them
-    QStringList shownDifferently; // as the forms show them, where that is not as printed
+    QStringList shownDifferently = {}; // as the forms show them, where that is not as printed
 
     QStringList shown() const { return shownDifferently.isEmpty() ? printed : shownDifferently; }
     QString lang() const { return name == u"C" ? name : name + QStringLiteral(".UTF-8"); }
