@@ -1,24 +1,22 @@
 #include "shapetexts.h"
 
+#include "reports/dataenvironment.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
 
-const QString bookDetailsText =
-    u"BookDetails SHAPE {SELECT BookCondition, BookDescription, BookID, BookPrice, "
-    "BookWhenPublished, BookPublisherId FROM tblBook ORDER BY BookID}  AS BookDetails APPEND "
-    "({SELECT tblAuthor.AuthorFirstName, tblAuthor.AuthorSurname, tblBookAuthor.BookID FROM "
-    "tblBookAuthor, tblAuthor WHERE tblBookAuthor.AuthorID = tblAuthor.AuthorID}  AS "
-    "AuthorDetails RELATE 'BookID' TO 'BookID') AS AuthorDetails,({SELECT "
-    "tblTopic.TopicDescription, tblBookTopic.BookID FROM tblTopic, tblBookTopic WHERE "
-    "tblTopic.TopicID = tblBookTopic.TopicID}  AS TopicDetails RELATE 'BookID' TO 'BookID') AS "
-    "TopicDetails,({SELECT PublisherName, PublisherID FROM tblPublisher}  AS PublisherDetails "
-    "RELATE 'BookPublisherId' TO 'PublisherID') AS PublisherDetails"_s;
+// The texts as the reports' data environment issues them; tst_dataenvironment holds them to
+// their wording.
+QString bookDetailsText()
+{
+    return DataEnvironment().commandText(u"BookDetails"_s);
+}
 
-const QString byTopicDescriptionText =
-    u"SHAPE ( SHAPE {SELECT * FROM `qryTopicDescForRep3`}  AS cmdReport3 APPEND ({SELECT * "
-    "FROM `qryReport03`}  AS cmdReport3Sub RELATE 'BookID' TO 'BookID') AS cmdReport3Sub) "
-    "COMPUTE cmdReport3 BY 'TopicDescription'"_s;
+QString byTopicDescriptionText()
+{
+    return DataEnvironment().commandText(u"ByTopicDescription"_s);
+}
 
 const QString syntaxErrorStart = u"Syntax error in shape command at character "_s;
 

@@ -4,9 +4,9 @@
 
 #include <QString>
 
-// The data environment's two shaped commands, character for character.
-extern const QString bookDetailsText;
-extern const QString byTopicDescriptionText;
+// The data environment's two shaped commands.
+QString bookDetailsText();
+QString byTopicDescriptionText();
 
 extern const QString syntaxErrorStart;
 

@@ -66,7 +66,7 @@ private Q_SLOTS:
     void bookDetailsHasEveryBookInBookOrder()
     {
         OpenCatalogue open;
-        const auto books = open.run(bookDetailsText);
+        const auto books = open.run(bookDetailsText());
         QCOMPARE(books->records().fieldNames(),
                  (QStringList{u"BookCondition"_s, u"BookDescription"_s, u"BookID"_s, u"BookPrice"_s,
                               u"BookWhenPublished"_s, u"BookPublisherId"_s}));
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QFETCH(QString, ofBook);
         QFETCH(QString, total);
         OpenCatalogue open;
-        const auto books = open.run(bookDetailsText);
+        const auto books = open.run(bookDetailsText());
         const Recordset &rows = books->records();
         const int bookId = rows.fieldIndex(u"BookID"_s);
         int related = 0;
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QVERIFY(insert.exec(u"INSERT INTO tblBook (BookDescription, BookPublisherId, BookPrice) "
                             "SELECT 'Anonymous Pamphlet', PublisherID, 0 FROM tblPublisher "
                             "WHERE PublisherName = 'UnKnown'"_s));
-        const auto books = open.run(bookDetailsText);
+        const auto books = open.run(bookDetailsText());
         const int last = books->records().recordCount() - 1;
         QCOMPARE(books->records().valueAt(last, books->records().fieldIndex(u"BookDescription"_s)),
                  QVariant(u"Anonymous Pamphlet"_s));
@@ -149,7 +149,7 @@ private Q_SLOTS:
     void findsChaptersByNameInAnyLetterCase()
     {
         OpenCatalogue open;
-        const auto books = open.run(bookDetailsText);
+        const auto books = open.run(bookDetailsText());
         const int count = books->records().recordCount();
         QVERIFY(books->chapter(u"authordetails"_s, 0));
         QVERIFY(!books->chapter(u"Authors"_s, 0));
@@ -161,7 +161,7 @@ private Q_SLOTS:
     void byTopicDescriptionHasOneHeadingPerTopicInOrder()
     {
         OpenCatalogue open;
-        const auto topics = open.run(byTopicDescriptionText);
+        const auto topics = open.run(byTopicDescriptionText());
         QCOMPARE(topics->records().fieldNames(), QStringList{u"TopicDescription"_s});
         QCOMPARE(topics->chapterNames(), QStringList{u"cmdReport3"_s});
         // A topic without books has no heading.
@@ -174,7 +174,7 @@ private Q_SLOTS:
     void byTopicDescriptionListsEachTopicsBooks()
     {
         OpenCatalogue open;
-        const auto topics = open.run(byTopicDescriptionText);
+        const auto topics = open.run(byTopicDescriptionText());
         const Recordset &headings = topics->records();
         int entries = 0;
         for (int g = 0; g < headings.recordCount(); ++g) {

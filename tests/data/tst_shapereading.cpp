@@ -25,7 +25,7 @@ class TestShapeReading : public QObject
 private Q_SLOTS:
     void readsTheBookDetailsCommand()
     {
-        const ShapeTree tree = ShapeParser::parse(bookDetailsText);
+        const ShapeTree tree = ShapeParser::parse(bookDetailsText());
         QCOMPARE(tree.commandName, u"BookDetails"_s);
         QCOMPARE(tree.root.kind, ShapeNode::Kind::Append);
         QCOMPARE(tree.root.alias, u"BookDetails"_s);
@@ -57,7 +57,7 @@ private Q_SLOTS:
         QFETCH(QString, relate);
         QFETCH(QString, to);
         QFETCH(QString, selectEnd);
-        const ShapeTree tree = ShapeParser::parse(bookDetailsText);
+        const ShapeTree tree = ShapeParser::parse(bookDetailsText());
         const ShapeChild &child = tree.root.children.at(std::size_t(index));
         QCOMPARE(child.alias, chapter);
         QCOMPARE(child.chapterName, chapter);
@@ -70,7 +70,7 @@ private Q_SLOTS:
 
     void readsTheByTopicDescriptionCommand()
     {
-        const ShapeTree tree = ShapeParser::parse(byTopicDescriptionText);
+        const ShapeTree tree = ShapeParser::parse(byTopicDescriptionText());
         QCOMPARE(tree.commandName, QString());
         QCOMPARE(tree.root.kind, ShapeNode::Kind::Compute);
         QCOMPARE(tree.root.alias, u"cmdReport3"_s);

@@ -128,7 +128,7 @@ private Q_SLOTS:
     {
         constexpr int inputs = 120000;
         QRandomGenerator random(0x5A4E);
-        const QStringList commands{bookDetailsText, byTopicDescriptionText};
+        const QStringList commands{bookDetailsText(), byTopicDescriptionText()};
         int read = 0;
         for (int i = 0; i < inputs; ++i) {
             const QString text = i % 2 ? tokenSoup(random)
